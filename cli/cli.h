@@ -1,0 +1,51 @@
+#pragma once
+// The command-line tool: options shared by all commands and the commands.
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/game.h"
+
+namespace qv::cli {
+
+struct CliOptions {
+  std::optional<std::string> variant;
+  bool userFolder = false;
+  std::optional<std::string> setup;
+  std::optional<int> side;  // 1 White, -1 Black
+  std::optional<unsigned long long> seed;
+  std::optional<int> notation;  // 0 algebraic, 1 numeric
+  std::optional<std::string> moves;
+  bool json = false;
+  bool divide = false;
+  bool general = false;
+  std::optional<int> depth;
+  std::optional<double> time;
+  std::optional<int> handicap;
+  std::optional<int> maxMoves;
+  std::string command;
+  std::vector<std::string> arguments;  // what follows the command
+};
+
+// Thrown for bad command-line input: the message names the bad value.
+struct UsageError {
+  std::string message;
+};
+
+CliOptions ParseOptions(int argc, char** argv);
+std::string UsageText();
+
+struct CliContext {
+  Game& game;
+  const CliOptions& options;
+  std::ostream& out;
+  std::ostream& err;
+};
+
+// Builds the game the options describe: variant, set-up, side, seed, notation.
+void PrepareGame(CliContext& context);
+
+int RunShow(CliContext& context);
+
+}  // namespace qv::cli

@@ -1,0 +1,52 @@
+// quorvanis-cli: the game core and engine from the command line.
+#include <iostream>
+#include <memory>
+
+#include "cli/cli.h"
+#include "core/fatal.h"
+#include "files/paths.h"
+
+namespace {
+
+using Command = int (*)(qv::cli::CliContext&);
+
+struct CommandEntry {
+  std::string_view name;
+  Command run;
+};
+
+constexpr CommandEntry Commands[] = {
+    {"show", qv::cli::RunShow},
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qv::cli::CliOptions options;
+  try {
+    options = qv::cli::ParseOptions(argc, argv);
+  } catch (const qv::cli::UsageError& e) {
+    std::cerr << "quorvanis-cli: " << e.message << "\n" << qv::cli::UsageText();
+    return 2;
+  }
+  Command run = nullptr;
+  for (const CommandEntry& entry : Commands)
+    if (entry.name == options.command) run = entry.run;
+  if (!run) {
+    std::cerr << "quorvanis-cli: unknown command '" << options.command << "'\n" << qv::cli::UsageText();
+    return 2;
+  }
+  auto game = std::make_unique<qv::Game>();
+  if (options.variant) game->DataFolder = qv::FindDataFolder(qv::ExecutableFolder(argv[0]));
+  qv::cli::CliContext context{*game, options, std::cout, std::cerr};
+  try {
+    qv::cli::PrepareGame(context);
+    return run(context);
+  } catch (const qv::cli::UsageError& e) {
+    std::cerr << "quorvanis-cli: " << e.message << "\n" << qv::cli::UsageText();
+    return 2;
+  } catch (const qv::FatalError& e) {
+    std::cerr << e.what() << "\n";
+    return 1;
+  }
+}
