@@ -1,11 +1,9 @@
 #include "core/movegen.h"
 
+#include "core/movegen_walk.h"
+
 namespace qv {
 
-// Placeholder until the generator lands: no moves.
-void GenerateMoves(Game& g, int /*includeQuiet*/) {
-  g.MoveTop = g.PlyBase[g.Ply];
-  g.PlyBase[g.Ply + 1] = g.MoveTop;
-}
+void GenerateMoves(Game& g, int includeQuiet) { MoveWalk<RuntimeRules>(g).Run(includeQuiet); }
 
 }  // namespace qv
