@@ -78,6 +78,11 @@ struct GeneratorWork {
   // drop step reads the cell it points at (0 before the first own piece, 21
   // after). Kept because the drop rule on light squares depends on it.
   int SharedCounter = 0;
+
+  // How far the last trace and the last call wrote into the tables, so that
+  // clearing them touches only what was used.
+  int DeepestLevel = TraceDepths - 1;
+  int LongestKeyUsed = 50;
 };
 
 }  // namespace qv

@@ -23,7 +23,18 @@ class MoveWalk {
   // Fills MoveStack; for the probe returns true as soon as a move exists.
   bool Run(int includeQuiet) {
     try {
-      return Walk(includeQuiet);
+      return Walk(includeQuiet, false);
+    } catch (const RangeError&) {
+      throw FatalError(FatalText());
+    }
+  }
+
+  // The search's two-step call in one walk, for rule sets where captures are
+  // compulsory and nothing is dropped: the captures, and only when there are
+  // none the quiet moves. The moves come out as the two calls give them.
+  void RunCapturesThenQuiet() {
+    try {
+      Walk(0, true);
     } catch (const RangeError&) {
       throw FatalError(FatalText());
     }
@@ -55,7 +66,7 @@ class MoveWalk {
     return false;
   }
 
-  bool Walk(int includeQuiet) {
+  bool Walk(int includeQuiet, bool quietWhenNoCapture) {
     int quiet = includeQuiet;
     if (R::CapRequired(g) == 0 && quiet == 0) quiet = 1;
     w.CandCount = 0;
@@ -63,15 +74,20 @@ class MoveWalk {
     w.BestMover = 0;
     w.RecaptureCount = 0;
     w.LongestOf.Fill(0);
-    w.MostKings.Fill(0);
+    for (int i = 0; i <= w.LongestKeyUsed; ++i) w.MostKings[i] = 0;
+    w.LongestKeyUsed = 0;
     w.Crowned = 0;
+    w.Arrived = 0;
     w.SharedCounter = 0;
     const int startTop = g.PlyBase[g.Ply];
     if (!R::Probe) g.MoveTop = startTop;
 
-    for (cell = 21; cell <= 98; ++cell) {
-      v = g.Board[cell];
-      if (v != 0 && v != OffBoard && v * side > 0) {
+    const int* board = g.Board.Cells;
+    for (int square = 21; square <= 98; ++square) {
+      const int value = board[square];
+      if (value != 0 && value != OffBoard && value * side > 0) {
+        cell = square;
+        v = value;
         kind = PieceKind(v);
         piece = v;
         slide = (R::LongKings(g) == 1 && kind >= KindWhiteKing) ? 1 : 0;
@@ -79,9 +95,12 @@ class MoveWalk {
           QuietMoves();
           if (found) return true;
         }
-        w.DirIndex.Fill(-1);
-        w.LandStep.Fill(0);
-        w.JumpDist.Fill(0);
+        for (int i = 0; i <= w.DeepestLevel; ++i) {
+          w.DirIndex[i] = -1;
+          w.LandStep[i] = 0;
+          w.JumpDist[i] = 0;
+        }
+        w.DeepestLevel = 0;
         w.SharedCounter = TraceDepths;
         w.Depth = -1;
         w.Here = cell;
@@ -90,15 +109,48 @@ class MoveWalk {
         w.Returned = 0;
         w.TracePeak = 0;
         if (R::ManCapMoveKing(g) == 1 && kind < KindWhiteKing) slide = 1;
-        Trace();
+        if (HasFirstJump()) Trace();
       }
       if (quiet > 0 && R::canContract(g) == 1) {
+        cell = square;
         DropStep();
         if (found) return true;
       }
     }
     if (w.CandCount > 0 && FilterCandidates(includeQuiet, startTop)) return true;
+    if (quietWhenNoCapture && g.MoveTop == startTop) PushAllQuietMoves();
     if (!R::Probe) g.PlyBase[g.Ply + 1] = g.MoveTop;
+    return false;
+  }
+
+  void PushAllQuietMoves() {
+    const int* board = g.Board.Cells;
+    for (int square = 21; square <= 98; ++square) {
+      const int value = board[square];
+      if (value == 0 || value == OffBoard || value * side < 0) continue;
+      cell = square;
+      v = value;
+      kind = PieceKind(v);
+      piece = v;
+      slide = (R::LongKings(g) == 1 && kind >= KindWhiteKing) ? 1 : 0;
+      QuietMoves();
+    }
+  }
+
+  // Whether the piece has a first jump at all. When it has none the trace
+  // would find nothing and change nothing that outlives the piece, so it is
+  // skipped.
+  bool HasFirstJump() const {
+    const DirectionRow& steps = g.DirTable[kind + 4];
+    for (int i = 0; steps[i] != EndOfList; ++i) {
+      const int d = steps[i];
+      int t = cell + d;
+      if (slide == 1)
+        while (g.Board[t] == 0) t += d;
+      const int target = g.Board[t];
+      if (target == 0 || target == OffBoard) continue;
+      if (Capturable(t + d, target)) return true;
+    }
     return false;
   }
 
@@ -223,6 +275,7 @@ class MoveWalk {
     int d = 0, origin = 0, landing = 0;
   EnterLevel:
     ++w.Depth;
+    w.DeepestLevel = std::max(w.DeepestLevel, std::min(w.Depth, TraceDepths - 1));
   NextDirection:
     ++w.DirIndex[w.Depth];
     d = g.DirTable[kind + 4][w.DirIndex[w.Depth]];
@@ -350,6 +403,7 @@ class MoveWalk {
     for (int i = 0; i < length; i += 3)
       if (w.Path.Text[i] == '2') ++kings;
     w.MostKings[length] = std::max(w.MostKings[length], kings);
+    w.LongestKeyUsed = std::max(w.LongestKeyUsed, length);
     if (R::Filter == CaptureFilter::PushAtOnce) {
       if (crown) PushCrowning(g, cell, w.Here, w.Path, v);
       else PushCapture(g, cell, w.Here, w.Path, v);

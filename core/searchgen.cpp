@@ -20,6 +20,16 @@ void GenerateSearchMoves(Game& g, int includeQuiet) {
   }
 }
 
+void GenerateSearchLegalMoves(Game& g) {
+  switch (g.Flags.SearchFlavour) {
+    case 1: MoveWalk<FastRules<1>>(g).RunCapturesThenQuiet(); break;
+    case 2: MoveWalk<FastRules<2>>(g).RunCapturesThenQuiet(); break;
+    case 3: MoveWalk<FastRules<3>>(g).RunCapturesThenQuiet(); break;
+    case 4: MoveWalk<FastRules<4>>(g).RunCapturesThenQuiet(); break;
+    default: GenerateLegalMoves(g); break;
+  }
+}
+
 int HasLegalMove(Game& g, int includeQuiet) { return MoveWalk<ProbeRules>(g).Run(includeQuiet) ? -1 : 0; }
 
 }  // namespace qv

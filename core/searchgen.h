@@ -16,10 +16,7 @@ void GenerateLongCrown(Game& g, int includeQuiet);    // SearchFlavour 4
 void GenerateSearchMoves(Game& g, int includeQuiet);
 
 // The two-step call with the search's generator.
-inline void GenerateSearchLegalMoves(Game& g) {
-  GenerateSearchMoves(g, 0);
-  if (g.PlyBase[g.Ply + 1] <= g.PlyBase[g.Ply]) GenerateSearchMoves(g, 1);
-}
+void GenerateSearchLegalMoves(Game& g);
 
 // -1 when the side to move has a legal move, else 0. Pushes nothing, except a
 // drop it finds.
