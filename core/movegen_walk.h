@@ -10,6 +10,9 @@
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 #include "core/fatal.h"
 #include "core/movepush.h"
@@ -142,12 +145,28 @@ class MoveWalk {
     std::uint64_t own = 0;
     for (int row = 0; row < 8; ++row) {
       const int* cells = board + (row + 2) * 10 + 1;
+#ifdef __SSE2__
+      // Eight cells in two compares: White's pieces are 1..99, Black's below 0.
+      const __m128i low = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cells));
+      const __m128i high = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cells + 4));
+      __m128i a, b;
+      if (side > 0) {
+        const __m128i zero = _mm_setzero_si128(), frame = _mm_set1_epi32(OffBoard);
+        a = _mm_and_si128(_mm_cmpgt_epi32(low, zero), _mm_cmplt_epi32(low, frame));
+        b = _mm_and_si128(_mm_cmpgt_epi32(high, zero), _mm_cmplt_epi32(high, frame));
+      } else {
+        a = low;  // the sign bit is the answer
+        b = high;
+      }
+      const unsigned bits = static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(a))) |
+                            (static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(b))) << 4);
+#else
       unsigned bits = 0;
-      if (side > 0)
-        for (int column = 0; column < 8; ++column)
-          bits |= static_cast<unsigned>(static_cast<unsigned>(cells[column] - 1) < OffBoard - 1) << column;
-      else
-        for (int column = 0; column < 8; ++column) bits |= (static_cast<unsigned>(cells[column]) >> 31) << column;
+      for (int column = 0; column < 8; ++column) {
+        const int x = cells[column];
+        bits |= static_cast<unsigned>(side > 0 ? (x > 0 && x < OffBoard) : (x < 0)) << column;
+      }
+#endif
       own |= static_cast<std::uint64_t>(bits) << (row * 8);
     }
     return own;
