@@ -23,7 +23,7 @@ namespace qv {
 template <class R>
 class MoveWalk {
  public:
-  explicit MoveWalk(Game& game) : g(game), w(game.Gen), side(game.SideToMove) {}
+  explicit MoveWalk(Game& game) : g(game), w(game.Gen), side(game.SideToMove), order(game) {}
 
   // Fills MoveStack; for the probe returns true as soon as a move exists.
   bool Run(int includeQuiet) {
@@ -49,6 +49,9 @@ class MoveWalk {
   Game& g;
   GeneratorWork& w;
   const int side;
+  const OrderKeys order;
+  // Promotion squares of each side as bits by cell, built once a call.
+  std::uint64_t promoBits[2][2] = {};
   int cell = 0;      // the square of the piece being traced
   int v = 0;         // its value at the start
   int piece = 0;     // its value now (a man crowned in the line becomes a king)
@@ -65,10 +68,16 @@ class MoveWalk {
   }
 
   bool IsPromo(int promoSide, int target) const {
-    const auto& list = g.RuleSet.PromoSquares[promoSide];
-    for (int i = 0; i < R::PromoEntries; ++i)
-      if (list[i] == target) return true;
-    return false;
+    return (promoBits[promoSide][target >> 6] >> (target & 63)) & 1;
+  }
+  void BuildPromoBits() {
+    for (int promoSide = 0; promoSide < 2; ++promoSide) {
+      const auto& list = g.RuleSet.PromoSquares[promoSide];
+      for (int i = 0; i < R::PromoEntries; ++i) {
+        const int target = list.Cells[i];
+        if (target >= 0 && target < 128) promoBits[promoSide][target >> 6] |= std::uint64_t{1} << (target & 63);
+      }
+    }
   }
 
   bool Walk(int includeQuiet, bool quietWhenNoCapture) {
@@ -86,6 +95,7 @@ class MoveWalk {
     w.SharedCounter = 0;
     const int startTop = g.PlyBase[g.Ply];
     if (!R::Probe) g.MoveTop = startTop;
+    BuildPromoBits();
 
     if (quiet > 0 && R::canContract(g) == 1) {
       // Drops are tested on every cell, occupied or not.
@@ -120,21 +130,24 @@ class MoveWalk {
       QuietMoves();
       if (found) return true;
     }
+    w.SharedCounter = TraceDepths;
+    if (R::ManCapMoveKing(g) == 1 && kind < KindWhiteKing) slide = 1;
+    // Without a first jump the trace would find nothing and leave nothing
+    // behind, so it is not started.
+    if (!HasFirstJump()) return false;
     for (int i = 0; i <= w.DeepestLevel; ++i) {
       w.DirIndex[i] = -1;
       w.LandStep[i] = 0;
       w.JumpDist[i] = 0;
     }
     w.DeepestLevel = 0;
-    w.SharedCounter = TraceDepths;
     w.Depth = -1;
     w.Here = cell;
     w.Path.Clear();
     w.LastPath.Clear();
     w.Returned = 0;
     w.TracePeak = 0;
-    if (R::ManCapMoveKing(g) == 1 && kind < KindWhiteKing) slide = 1;
-    if (HasFirstJump()) Trace();
+    Trace();
     return false;
   }
 
@@ -206,11 +219,11 @@ class MoveWalk {
 
   void EmitQuiet(int to) {
     if (R::Probe) found = true;
-    else PushQuiet(g, cell, to);
+    else PushQuiet(g, order, cell, to);
   }
   void EmitCrowningStep(int to) {
     if (R::Probe) found = true;
-    else PushCrowning(g, cell, to, PathText{}, v);
+    else PushCrowning(g, order, cell, to, PathText{}, v);
   }
 
   void QuietMoves() {
@@ -218,11 +231,14 @@ class MoveWalk {
     const int promoSide = kind == KindWhiteMan ? 0 : 1;
     for (int i = 0; steps[i] != EndOfList; ++i) {
       const int d = steps[i];
+      // One step of at most 20 cells from a square, or a slide that ends at
+      // the frame, stays inside the board array.
+      const int* board = g.Board.Cells;
       if (slide) {
-        for (int t = cell + d; g.Board[t] == 0; t += d) EmitQuiet(t);
+        for (int t = cell + d; board[t] == 0; t += d) EmitQuiet(t);
       } else {
         const int t = cell + d;
-        if (g.Board[t] == 0) {
+        if (board[t] == 0) {
           if (kind < KindWhiteKing && IsPromo(promoSide, t)) EmitCrowningStep(t);
           else EmitQuiet(t);
         } else if (R::JumpFriend(g) == 1 && g.Board[t] == v) {
@@ -265,14 +281,14 @@ class MoveWalk {
       const int row = R::ContractW1(g);
       if (g.ContractLeftWhite >= 1 && cell > row * 10 && cell < row * 10 + 9 &&
           g.Board[cell + std::abs(row - R::ContractW2(g)) * 10] == 0) {
-        PushQuiet(g, DropSource, cell);
+        PushQuiet(g, order, DropSource, cell);
         found = R::Probe;
       }
     } else {
       const int row = R::ContractB1(g);
       if (g.ContractLeftBlack >= 1 && cell > row * 10 && cell < row * 10 + 9 &&
           g.Board[cell - std::abs(row - R::ContractB2(g)) * 10] == 0) {
-        PushQuiet(g, DropSource, cell);
+        PushQuiet(g, order, DropSource, cell);
         found = R::Probe;
       }
     }
@@ -455,8 +471,8 @@ class MoveWalk {
     w.MostKings[length] = std::max(w.MostKings[length], kings);
     w.LongestKeyUsed = std::max(w.LongestKeyUsed, length);
     if (R::Filter == CaptureFilter::PushAtOnce) {
-      if (crown) PushCrowning(g, cell, w.Here, w.Path, v);
-      else PushCapture(g, cell, w.Here, w.Path, v);
+      if (crown) PushCrowning(g, order, cell, w.Here, w.Path, v);
+      else PushCapture(g, order, cell, w.Here, w.Path, v);
     } else {
       CaptureCandidate& row = w.Candidates[w.CandCount];
       row.From = cell;
@@ -476,8 +492,8 @@ class MoveWalk {
 
   void PushCandidate(int i) {
     const CaptureCandidate& row = w.Candidates[i];
-    if (row.Crown != 0) PushCrowning(g, row.From, row.To, w.CandidateKeys[i], row.Piece);
-    else PushCapture(g, row.From, row.To, w.CandidateKeys[i], row.Piece);
+    if (row.Crown != 0) PushCrowning(g, order, row.From, row.To, w.CandidateKeys[i], row.Piece);
+    else PushCapture(g, order, row.From, row.To, w.CandidateKeys[i], row.Piece);
   }
 
   // Returns true for the probe when a candidate survives.

@@ -7,14 +7,24 @@
 
 namespace qv {
 
-// Search ordering bonus of a move: the stored main line first, then the two killers.
-inline int OrderBonus(const Game& g, int from, int to) {
-  const MoveKey key{from, to};
-  if (g.PVTable[g.Ply][0] == key) return 500;
-  if (g.KillerTable[g.Ply][0] == key) return 250;
-  if (g.KillerTable[g.Ply][1] == key) return 150;
-  return 0;
-}
+// The moves the search tries first at the current ply: the stored main line,
+// then the two killers, and the square the opponent's last move landed on.
+struct OrderKeys {
+  MoveKey MainLine, Killer1, Killer2;
+  int RecaptureSquare = -1;
+
+  explicit OrderKeys(const Game& g)
+      : MainLine(g.PVTable[g.Ply][0]), Killer1(g.KillerTable[g.Ply][0]), Killer2(g.KillerTable[g.Ply][1]),
+        RecaptureSquare(g.Ply > 0 ? g.PrevToSquare[g.Ply - 1] : -1) {}
+
+  int Bonus(int from, int to) const {
+    const MoveKey key{from, to};
+    if (MainLine == key) return 500;
+    if (Killer1 == key) return 250;
+    if (Killer2 == key) return 150;
+    return 0;
+  }
+};
 
 // Moves MoveTop on; a full stack stops the search instead, and the next push
 // overwrites the last entry.
@@ -23,19 +33,21 @@ inline void AdvanceMoveTop(Game& g) {
   else g.StopRequest = 1;
 }
 
-inline void PushQuiet(Game& g, int from, int to) {
+inline void PushQuiet(Game& g, const OrderKeys& order, int from, int to) {
   MoveRecord& m = g.MoveStack[g.MoveTop];
   m.FromSquare = from;
   m.ToSquare = to;
   m.PromoteFlag = 0;
   std::memset(m.CaptureText.Cells, 0, CaptureTextSize);
-  m.OrderScore = OrderBonus(g, from, to);
+  m.OrderScore = order.Bonus(from, to);
   AdvanceMoveTop(g);
 }
 
+inline void PushQuiet(Game& g, int from, int to) { PushQuiet(g, OrderKeys(g), from, to); }
+
 // key: the captured pieces, three characters each. moverValue is the value of
 // the moving piece (what stands on `from` once the trace is undone).
-inline void PushCapture(Game& g, int from, int to, const PathText& key, int moverValue) {
+inline void PushCapture(Game& g, const OrderKeys& order, int from, int to, const PathText& key, int moverValue) {
   MoveRecord& m = g.MoveStack[g.MoveTop];
   m.FromSquare = from;
   m.ToSquare = to;
@@ -48,15 +60,15 @@ inline void PushCapture(Game& g, int from, int to, const PathText& key, int move
   int worth = 0;
   for (int i = 0; i < key.Length; i += 3) worth += key.Text[i] - '0';
   int score = worth * 100 - std::abs(moverValue) * 100 / 2;
-  if (g.Ply > 0 && to == g.PrevToSquare[g.Ply - 1]) score += 300;
-  m.OrderScore = score + OrderBonus(g, from, to);
+  if (to == order.RecaptureSquare) score += 300;
+  m.OrderScore = score + order.Bonus(from, to);
   AdvanceMoveTop(g);
 }
 
 // A crowning move: quiet when the key is empty, else a capture.
-inline void PushCrowning(Game& g, int from, int to, const PathText& key, int moverValue) {
-  if (key.Length == 0) PushQuiet(g, from, to);
-  else PushCapture(g, from, to, key, moverValue);
+inline void PushCrowning(Game& g, const OrderKeys& order, int from, int to, const PathText& key, int moverValue) {
+  if (key.Length == 0) PushQuiet(g, order, from, to);
+  else PushCapture(g, order, from, to, key, moverValue);
   g.MoveStack[g.MoveTop - 1].PromoteFlag = 2;
 }
 
