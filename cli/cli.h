@@ -55,6 +55,7 @@ void PrepareGame(CliContext& context);
 int RunShow(CliContext& context);
 int RunMoves(CliContext& context);
 int RunPerft(CliContext& context);
+int RunPlay(CliContext& context);
 int RunVariants(CliContext& context);
 
 }  // namespace qv::cli

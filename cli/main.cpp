@@ -19,6 +19,7 @@ constexpr CommandEntry Commands[] = {
     {"show", qv::cli::RunShow},
     {"moves", qv::cli::RunMoves},
     {"perft", qv::cli::RunPerft},
+    {"play", qv::cli::RunPlay},
     {"variants", qv::cli::RunVariants},
 };
 

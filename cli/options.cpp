@@ -40,6 +40,8 @@ std::string UsageText() {
          "  moves [--json]          list the legal moves in generation order\n"
          "  perft N [--divide] [--general]\n"
          "                          count the leaves of the move tree to depth N\n"
+         "  play [--depth N | --time S] [--handicap H] [--max-moves N]\n"
+         "                          the computer plays both sides to the end of the game\n"
          "  variants                list the classic and the user variants with their search flavour\n";
 }
 

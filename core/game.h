@@ -42,6 +42,14 @@ struct MoveKey {
   friend bool operator==(const MoveKey&, const MoveKey&) = default;
 };
 
+// One entry of a stored main line: Kind 0 plain move, 1 capture, plus 10 when
+// the move crowns; From 0 ends the line.
+struct PVEntry {
+  int Kind = 0;
+  int From = 0;
+  int To = 0;
+};
+
 // A flag one thread sets and another reads: Cancel (1) and the clock (2) set
 // it while the search runs. Copying a Game copies its value.
 struct StopFlag {
@@ -165,12 +173,32 @@ struct Game {
   Table<int, PlyRows> ActivityByPly;
   Table<int, PlyRows> CaptureFlagByPly;
   Table<int, PlyRows> PrevToSquare;
-  Table<Table<MoveKey, PlyRows>, PlyRows> PVTable;
+  Table<Table<PVEntry, PlyRows>, PlyRows> PVTable;
   Table<Table<MoveKey, 2>, PlyRows> KillerTable;
 
   // The record of the game.
   GameRecordArrays Record;
   Table<std::array<std::string, 5>, MoveTextRows> MoveTextTable;
+
+  // What the evaluation and the search keep between nodes and turns.
+  Table<Table<int, 2>, 120> PromoApproach;
+  Table<Table<int, 2>, 120> PromoReach;
+  int RuleLossPending = 0;
+  int NoiseRange = 0;
+  int BackRankActive = 1;
+  int FocusSquare = 0;
+  int FocusPiece = 0;
+  int HorizonLimit = 0;
+  int SearchCancelled = 0;
+  int ThreeKingsSince = 0;
+  int TwoKingsSince = 0;
+  std::string ResultNote;
+  int StableCount = 0;
+  int LastDrawOffer = 0;
+  int WinAnnounced = 0;
+  int BookMoveFrom = 0;
+  int BookMoveTo = 0;
+  Table<int, RecordSize> ScoreHistory;
 
   Options Settings;
   RandomSource Random;

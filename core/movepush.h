@@ -7,14 +7,15 @@
 
 namespace qv {
 
-// The moves the search tries first at the current ply: the stored main line,
+// The moves the search tries first at the current ply: the last main line
+// (row 0 of PVTable, column Ply),
 // then the two killers, and the square the opponent's last move landed on.
 struct OrderKeys {
   MoveKey MainLine, Killer1, Killer2;
   int RecaptureSquare = -1;
 
   explicit OrderKeys(const Game& g)
-      : MainLine(g.PVTable[g.Ply][0]), Killer1(g.KillerTable[g.Ply][0]), Killer2(g.KillerTable[g.Ply][1]),
+      : MainLine{g.PVTable[0][g.Ply].From, g.PVTable[0][g.Ply].To}, Killer1(g.KillerTable[g.Ply][0]), Killer2(g.KillerTable[g.Ply][1]),
         RecaptureSquare(g.Ply > 0 ? g.PrevToSquare[g.Ply - 1] : -1) {}
 
   int Bonus(int from, int to) const {

@@ -94,3 +94,16 @@ TEST(CliPerft, CountsAndDividesWithEitherGenerator) {
   r = RunCli("perft many");
   EXPECT_EQ(r.status, 2);
 }
+
+TEST(CliPlay, PlaysBothSidesAndRepeatsWithTheSameSeed) {
+  const RunResult first = RunCli("--seed 5 play --depth 3 --handicap 3 --max-moves 16");
+  const RunResult second = RunCli("--seed 5 play --depth 3 --handicap 3 --max-moves 16");
+  EXPECT_EQ(first.status, 0);
+  EXPECT_EQ(first.output, second.output);
+  EXPECT_NE(first.output.find("1. "), std::string::npos);
+  EXPECT_NE(first.output.find("Stopped after 16 half-moves."), std::string::npos);
+  const RunResult won = RunCli(
+      "--setup 0030303000000000000000000000000000000000000000000000000000040000 --side white play --depth 8");
+  EXPECT_NE(won.output.find("Computer wins!"), std::string::npos) << won.output;
+  EXPECT_NE(won.output.find(" 1-0"), std::string::npos);
+}

@@ -1,0 +1,38 @@
+#pragma once
+// The computer's turn: iterative deepening with an aspiration window, the
+// clock, the move played and entered in the record, and what follows it.
+#include <string>
+#include <vector>
+
+#include "core/game.h"
+#include "engine/driver_ui.h"
+
+namespace qv {
+
+struct RootScore {
+  int From = -32767;
+  int To = -32767;
+  int Score = -32767;
+};
+
+// What one turn found, for the caller's display and log.
+struct TurnReport {
+  bool moved = false;
+  std::string move;      // display text of the move played
+  int score = 0;         // BestScore
+  int depth = 0;         // last iteration completed or started
+  std::string mainLine;  // BestLine
+  std::vector<RootScore> rootScores;
+};
+
+// NoiseRange from StrengthHandicap: 70 a step above the first, 5 at 1, none at 0.
+int NoiseRangeFor(int strengthHandicap);
+
+// One computer turn on g. The search tests g.StopRequest, which another
+// thread may set to 1 to have the best move so far played at once.
+TurnReport ComputerMove(Game& g, DriverUi& ui);
+
+// The main line of the last root decision (row 0 of PVTable) as move texts.
+std::string MainLineText(const Game& g);
+
+}  // namespace qv
