@@ -1,104 +1,48 @@
 #include "interaction/variantsform.h"
 
 #include <algorithm>
-#include <string_view>
 
-#include "core/board.h"
 #include "core/text.h"
 #include "interaction/variantreader.h"
 
 namespace qv {
 
+using F = VariantsForm;
+using R = RuleRecord;
+
 const std::vector<CheckBoxKey>& CheckBoxKeys() {
   static const std::vector<CheckBoxKey> keys = {
-      {&VariantsForm::Check1, &RuleRecord::MaxCapMove},       {&VariantsForm::Check2, &RuleRecord::MulJumps},
-      {&VariantsForm::Check7, &RuleRecord::MaxCapMoveKings},  {&VariantsForm::Check8, &RuleRecord::ManCapKing},
-      {&VariantsForm::Check9, &RuleRecord::KingCapMove},      {&VariantsForm::Check10, &RuleRecord::ManContJump},
-      {&VariantsForm::Check12, &RuleRecord::ManContJumpCrowned},
-      {&VariantsForm::Check13, &RuleRecord::RemovePieces},    {&VariantsForm::Check18, &RuleRecord::CapRequired},
-      {&VariantsForm::Check22, &RuleRecord::LastCap},         {&VariantsForm::Check24, &RuleRecord::KingMan},
-      {&VariantsForm::Check29, &RuleRecord::JumpFriend},      {&VariantsForm::Check11, &RuleRecord::LongKings},
-      {&VariantsForm::Check14, &RuleRecord::KingFirst},       {&VariantsForm::Check15, &RuleRecord::ManCapMoveKing},
-      {&VariantsForm::Check17, &RuleRecord::MaxCapMoveK},     {&VariantsForm::Check27, &RuleRecord::CapReverse},
-      {&VariantsForm::Check3, &RuleRecord::PiecesOnBlack},    {&VariantsForm::Check4, &RuleRecord::BlackStarts},
-      {&VariantsForm::Check28, &RuleRecord::RndColor},        {&VariantsForm::Check5, &RuleRecord::AntiMode},
-      {&VariantsForm::Check23, &RuleRecord::ManKing},         {&VariantsForm::Check25, &RuleRecord::ChangeSide},
-      {&VariantsForm::Check6, &RuleRecord::WinAtPromo},       {&VariantsForm::Check16, &RuleRecord::KingWin},
-      {&VariantsForm::Check19, &RuleRecord::NoLegalDraw},     {&VariantsForm::Check26, &RuleRecord::ThreeKings},
-      {&VariantsForm::Check31, &RuleRecord::TwoKings},        {&VariantsForm::Check20, &RuleRecord::RemoveMen},
-      {&VariantsForm::Check21, &RuleRecord::DoMoves},         {&VariantsForm::Check33, &RuleRecord::canContract},
+      {&F::Check1, &R::MaxCapMove},       {&F::Check2, &R::MulJumps},        {&F::Check7, &R::MaxCapMoveKings},
+      {&F::Check8, &R::ManCapKing},       {&F::Check9, &R::KingCapMove},     {&F::Check10, &R::ManContJump},
+      {&F::Check12, &R::ManContJumpCrowned}, {&F::Check13, &R::RemovePieces}, {&F::Check18, &R::CapRequired},
+      {&F::Check22, &R::LastCap},         {&F::Check24, &R::KingMan},        {&F::Check29, &R::JumpFriend},
+      {&F::Check11, &R::LongKings},       {&F::Check14, &R::KingFirst},      {&F::Check15, &R::ManCapMoveKing},
+      {&F::Check17, &R::MaxCapMoveK},     {&F::Check27, &R::CapReverse},     {&F::Check3, &R::PiecesOnBlack},
+      {&F::Check4, &R::BlackStarts},      {&F::Check28, &R::RndColor},       {&F::Check5, &R::AntiMode},
+      {&F::Check23, &R::ManKing},         {&F::Check25, &R::ChangeSide},     {&F::Check6, &R::WinAtPromo},
+      {&F::Check16, &R::KingWin},         {&F::Check19, &R::NoLegalDraw},    {&F::Check26, &R::ThreeKings},
+      {&F::Check31, &R::TwoKings},        {&F::Check20, &R::RemoveMen},      {&F::Check21, &R::DoMoves},
+      {&F::Check33, &R::canContract},
   };
   return keys;
 }
 
 const std::vector<NumberBoxKey>& NumberBoxKeys() {
   static const std::vector<NumberBoxKey> keys = {
-      {&VariantsForm::Text5, &RuleRecord::NumberKings},     {&VariantsForm::Text7, &RuleRecord::NumberKings2},
-      {&VariantsForm::Text8, &RuleRecord::NumberPieces},    {&VariantsForm::Text3, &RuleRecord::NumberMen},
-      {&VariantsForm::Text4, &RuleRecord::NumberMoves},     {&VariantsForm::Text10, &RuleRecord::ContractNumber},
-      {&VariantsForm::Text9, &RuleRecord::ContractW1},      {&VariantsForm::Text11, &RuleRecord::ContractW2},
-      {&VariantsForm::Text12, &RuleRecord::ContractB1},     {&VariantsForm::Text13, &RuleRecord::ContractB2},
+      {&F::Text5, &R::NumberKings},    {&F::Text7, &R::NumberKings2}, {&F::Text8, &R::NumberPieces},
+      {&F::Text3, &R::NumberMen},      {&F::Text4, &R::NumberMoves},  {&F::Text10, &R::ContractNumber},
+      {&F::Text9, &R::ContractW1},     {&F::Text11, &R::ContractW2},  {&F::Text12, &R::ContractB1},
+      {&F::Text13, &R::ContractB2},
   };
   return keys;
 }
 
 namespace {
 
-// A check box that turns another on or off: on enables, off disables; `clear`
-// also unticks the other when it goes off.
-void Follow(const CheckBox& first, CheckBox& other, bool clear) {
-  other.Enabled = first.Value == 1;
-  if (!other.Enabled && clear) other.Value = 0;
-}
+// A number as a text box shows it: no leading blank.
+std::string NumberText(int value) { return Trim(Str(value)); }
 
-void Follow(const CheckBox& first, TextBox& other) { other.Enabled = first.Value == 1; }
-
-std::string NumberText(int value) { return std::to_string(value); }
-
-std::array<std::string, 4> DirectionTexts(const VariantsForm& form) {
-  std::array<std::string, 4> texts;
-  for (int k = 0; k < 4; ++k) texts[k] = form.Text2[k].Text + " " + form.Text2[k + 4].Text;
-  return texts;
-}
-
-int WordCount(std::string_view text) { return static_cast<int>(std::count(text.begin(), text.end(), ';')) + 1; }
-
-void MarkBad(VariantsForm& form, TextBox& box) {
-  box.Marked = true;
-  form.Message = IllegalEntryMessage;
-}
-
-// The promotion boxes into `rules`; the index of the first bad box, or -1.
-int ReadPromoBoxes(const VariantsForm& form, RuleRecord& rules, int notationKind) {
-  for (int side = 0; side < 2; ++side)
-    for (int i = 0; i < PromoSlots; ++i) {
-      const int box = side * PromoSlots + i;
-      const std::string& text = form.Text1[box].Text;
-      if (text.empty()) {
-        rules.PromoSquares[side][i] = -1;
-        continue;
-      }
-      const int cell = SquareNumber(ToUpper(text), notationKind, rules.PiecesOnBlack);
-      if (cell < 21 || cell > 98) return box;
-      if (rules.PiecesOnBlack < 2 && !SquareIsDark(cell, rules.PiecesOnBlack)) return box;
-      rules.PromoSquares[side][i] = cell;
-    }
-  return -1;
-}
-
-// The direction boxes into `table`; the index of the first bad box, or -1.
-// A list holds at most eight directions: more is refused like an unknown word.
-int ReadDirectionBoxes(const VariantsForm& form, DirectionTable& table) {
-  for (int box = 0; box < 8; ++box)
-    if (WordCount(form.Text2[box].Text) > 8) return box;
-  const std::array<std::string, 4> texts = DirectionTexts(form);
-  for (int k = 0; k < 4; ++k) {
-    const int unknownWord = ParseDirections(texts[k], k, table);
-    if (unknownWord == 0) continue;
-    return unknownWord <= WordCount(form.Text2[k].Text) ? k : k + 4;
-  }
-  return -1;
-}
+void EnableTogether(TextBox& box, const CheckBox& check) { box.Enabled = check.Value == 1; }
 
 }  // namespace
 
@@ -106,107 +50,112 @@ void ApplyEnablingRules(VariantsForm& f) {
   if (f.Check1.Value == 1) {
     f.Check2.Value = 1;
     f.Check2.Enabled = false;
+    f.Check7.Enabled = true;
   } else {
     f.Check2.Enabled = true;
+    f.Check7.Value = 0;
+    f.Check7.Enabled = false;
   }
-  Follow(f.Check1, f.Check7, true);
-  Follow(f.Check10, f.Check12, true);
-  Follow(f.Check11, f.Check14, false);
-  Follow(f.Check11, f.Check17, false);
+  f.Check12.Enabled = f.Check10.Value == 1;
+  if (f.Check10.Value != 1) f.Check12.Value = 0;
+  f.Check14.Enabled = f.Check17.Enabled = f.Check11.Value == 1;
   f.Check16.Enabled = f.Check6.Value != 1;
   f.Check6.Enabled = f.Check16.Value != 1;
   f.Check4.Enabled = f.Check28.Value != 1;
-  Follow(f.Check20, f.Text3);
-  Follow(f.Check21, f.Text4);
-  Follow(f.Check26, f.Text5);
-  Follow(f.Check31, f.Text7);
+  EnableTogether(f.Text3, f.Check20);
+  EnableTogether(f.Text4, f.Check21);
+  EnableTogether(f.Text5, f.Check26);
+  EnableTogether(f.Text7, f.Check31);
   f.Check30.Enabled = f.Check29.Value == 1;
   f.Text6.Enabled = f.Check29.Value == 1 && f.Check30.Value != 1;
-  for (TextBox* box : {&f.Text10, &f.Text9, &f.Text11, &f.Text12, &f.Text13}) Follow(f.Check33, *box);
+  for (TextBox* box : {&f.Text10, &f.Text9, &f.Text11, &f.Text12, &f.Text13}) EnableTogether(*box, f.Check33);
+  f.Check3.Enabled = f.Check3.Value != 2;
 }
 
-void FillDirectionBoxes(VariantsForm& form, const std::array<std::string, 4>& dirText) {
-  for (int k = 0; k < 4; ++k) {
-    const std::string& text = dirText[k];
-    const std::size_t blank = text.find(' ');
-    form.Text2[k] = TextBox{text.substr(0, blank)};
-    form.Text2[k + 4] = TextBox{blank == std::string::npos ? std::string() : text.substr(blank + 1)};
-  }
-}
-
-void FillPromoBoxes(VariantsForm& form, const Game& g) {
+void FillPromoBoxes(VariantsForm& f, const Game& g) {
   for (int side = 0; side < 2; ++side)
     for (int i = 0; i < PromoSlots; ++i) {
       const int cell = g.RuleSet.PromoSquares[side][i];
-      form.Text1[side * PromoSlots + i] = TextBox{cell == -1 ? std::string() : SquareNotation(cell, 1, g.NotationKind())};
+      TextBox& box = f.Text1[static_cast<std::size_t>(side * PromoSlots + i)];
+      box.Text = cell == -1 ? std::string() : ToUpper(SquareNotation(cell, 1, g.NotationKind()));
+      box.Marked = false;
     }
 }
 
-void FillFormFromRules(VariantsForm& form, const Game& g, bool withDirections) {
+void FillDirectionBoxes(VariantsForm& f, const std::array<std::string, 4>& dirText) {
+  for (std::size_t k = 0; k < 4; ++k) {
+    const std::size_t blank = dirText[k].find(' ');
+    f.Text2[k].Text = dirText[k].substr(0, blank);
+    f.Text2[k + 4].Text = blank == std::string::npos ? std::string() : dirText[k].substr(blank + 1);
+    f.Text2[k].Marked = f.Text2[k + 4].Marked = false;
+  }
+}
+
+void FillFormFromRules(VariantsForm& f, const Game& g, bool withDirections) {
   const RuleRecord& rules = g.RuleSet;
-  for (const CheckBoxKey& key : CheckBoxKeys()) form.*key.box = CheckBox{rules.*key.key == 1 ? 1 : 0};
-  for (const NumberBoxKey& key : NumberBoxKeys()) form.*key.box = TextBox{NumberText(rules.*key.key)};
-  form.Check3.Value = rules.PiecesOnBlack == 2 ? 2 : rules.PiecesOnBlack == 1;
-  form.Check3.Enabled = rules.PiecesOnBlack != 2;
-  form.Check30 = CheckBox{rules.NumberFriends == -1 ? 1 : 0};
-  form.Text6 = TextBox{rules.NumberFriends == -1 ? std::string("0") : NumberText(rules.NumberFriends)};
-  FillPromoBoxes(form, g);
-  if (withDirections) FillDirectionBoxes(form, rules.DirText);
-  form.Label10 = g.HelpLink;
-  ApplyEnablingRules(form);
+  for (const CheckBoxKey& c : CheckBoxKeys()) (f.*c.box).Value = rules.*c.key;
+  for (const NumberBoxKey& n : NumberBoxKeys()) (f.*n.box).Text = NumberText(rules.*n.key);
+  f.Check30.Value = rules.NumberFriends == -1 ? 1 : 0;
+  f.Text6.Text = rules.NumberFriends == -1 ? std::string() : NumberText(rules.NumberFriends);
+  FillPromoBoxes(f, g);
+  if (withDirections) FillDirectionBoxes(f, rules.DirText);
+  f.Label10 = g.HelpLink;
+  ApplyEnablingRules(f);
 }
 
-void OpenVariantsForm(VariantsForm& form, Game& g) {
-  form = VariantsForm{};
-  form.UseClassic = g.Settings.UseClassic == 1 ? 1 : 0;
-  form.Combo1List = FillVariantList(g, form.UseClassic);
-  form.Combo1 = g.VariantName;
-  FillFormFromRules(form, g, true);
-}
-
-void SelectVariant(VariantsForm& form, Game& g, const std::string& name) {
-  form.Combo1 = name;
-  g.VariantName = name;
-  std::array<std::string, 4> dirTexts = DirectionTexts(form);
-  ReadVariantIntoDialog(g, dirTexts);
-  FillFormFromRules(form, g, false);
-  FillDirectionBoxes(form, dirTexts);
-}
-
-void ChooseVariantFolder(VariantsForm& form, Game& g, int useClassic) {
-  form.UseClassic = useClassic;
+void ChooseVariantFolder(VariantsForm& f, Game& g, int useClassic) {
+  f.UseClassic = useClassic;
   g.Settings.UseClassic = useClassic;
-  form.Combo1List = FillVariantList(g, useClassic);
-  // The list chooses its first name, and choosing reads it.
-  if (!form.Combo1List.empty()) SelectVariant(form, g, form.Combo1List.front());
+  f.Combo1List = FillVariantList(g, useClassic);
+  f.Combo1 = f.Combo1List.empty() ? std::string() : f.Combo1List.front();
 }
 
-void ClickCheck3(VariantsForm& form, Game& g, int value) {
-  form.Check3.Value = value;
+void OpenVariantsForm(VariantsForm& f, Game& g) {
+  f = VariantsForm{};
+  f.UseClassic = g.Settings.UseClassic;
+  f.Combo1List = FillVariantList(g, f.UseClassic);
+  f.Combo1 = g.VariantName;
+  FillFormFromRules(f, g, true);
+}
+
+void SelectVariant(VariantsForm& f, Game& g, const std::string& name) {
+  f.Combo1 = name;
+  g.VariantName = name;
+  std::array<std::string, 4> dirTexts = g.RuleSet.DirText;
+  ReadVariantIntoDialog(g, dirTexts);
+  FillFormFromRules(f, g, false);
+  FillDirectionBoxes(f, dirTexts);
+}
+
+void ClickCheck3(VariantsForm& f, Game& g, int value) {
+  f.Check3.Value = value;
   g.RuleSet.PiecesOnBlack = value;
   g.VariantDefinition.PiecesOnBlack = value;
   ShiftPromoSquares(g.RuleSet.PromoSquares, value);
-  FillPromoBoxes(form, g);
+  FillPromoBoxes(f, g);
 }
 
-void EditPromoBox(VariantsForm& form, int index, const std::string& text) {
-  form.Text1.at(index) = TextBox{text};
+void EditPromoBox(VariantsForm& f, int index, const std::string& text) {
+  TextBox& box = f.Text1[static_cast<std::size_t>(index)];
+  box.Text = text;
+  box.Marked = false;
 }
 
-void EditDirectionBox(VariantsForm& form, int index, const std::string& text) {
-  form.Text2.at(index) = TextBox{text};
+void EditDirectionBox(VariantsForm& f, int index, const std::string& text) {
+  TextBox& box = f.Text2[static_cast<std::size_t>(index)];
+  box.Text = text;
+  box.Marked = false;
 }
 
-void DrawRandomRules(VariantsForm& form, Game& g) {
+void DrawRandomRules(VariantsForm& f, Game& g) {
   RuleRecord& r = g.RuleSet;
-  auto coin = [&g] { return Int(g.Rnd() * 2); };
-  auto upTo = [&g](int n) { return Int(g.Rnd() * n) + 1; };
-  const int piecesOnBlack = r.PiecesOnBlack;
+  const auto coin = [&g] { return Int(g.Rnd() * 2); };
+  const int oldPiecesOnBlack = r.PiecesOnBlack;
   r.MaxCapMove = coin();
   r.MulJumps = coin();
   r.BlackStarts = coin();
   r.RndColor = coin();
-  if (form.Check3.Enabled) r.PiecesOnBlack = coin();
+  if (f.Check3.Enabled) r.PiecesOnBlack = coin();
   r.AntiMode = coin();
   r.WinAtPromo = coin();
   r.KingWin = coin();
@@ -224,9 +173,9 @@ void DrawRandomRules(VariantsForm& form, Game& g) {
   r.ManCapMoveKing = coin();
   r.NoLegalDraw = coin();
   r.RemoveMen = coin();
-  r.NumberMen = upTo(10);
-  r.NumberKings = upTo(20);
-  r.NumberMoves = upTo(10);
+  r.NumberMen = Int(g.Rnd() * 10) + 1;
+  r.NumberKings = Int(g.Rnd() * 20) + 1;
+  r.NumberMoves = Int(g.Rnd() * 10) + 1;
   r.LastCap = coin();
   r.ManKing = coin();
   r.KingMan = coin();
@@ -234,39 +183,70 @@ void DrawRandomRules(VariantsForm& form, Game& g) {
   r.DoMoves = coin();
   r.ChangeSide = coin();
   r.ThreeKings = coin();
-  // A board of the other colour keeps its promotion rows, as Check3 does.
-  if (r.PiecesOnBlack != piecesOnBlack) ShiftPromoSquares(r.PromoSquares, r.PiecesOnBlack);
-  FillFormFromRules(form, g, false);
+  FillFormFromRules(f, g, false);
+  // Setting Check3 to a new value is a click on it: the squares follow.
+  if (r.PiecesOnBlack != oldPiecesOnBlack) ClickCheck3(f, g, r.PiecesOnBlack);
+  if (r.MaxCapMove == 0) f.Check7.Enabled = false;
+  if (r.ManContJump == 0) f.Check12.Enabled = false;
 }
 
-bool StoreFormRules(VariantsForm& form, Game& g, bool isOK) {
-  form.Message.clear();
-  // Everything is stored into a copy first: a refused box leaves the rules
-  // in force and the direction table exactly as they were.
-  RuleRecord rules = g.RuleSet;
-  for (const CheckBoxKey& key : CheckBoxKeys()) {
-    const int value = (form.*key.box).Value;
-    if (key.box == &VariantsForm::Check3 && value > 1) continue;  // grey: pieces on all squares stay
-    rules.*key.key = value;
-  }
-  for (const NumberBoxKey& key : NumberBoxKeys()) rules.*key.key = ValInt((form.*key.box).Text);
-  if (isOK) rules.NumberFriends = form.Check30.Value == 1 ? -1 : ValInt(form.Text6.Text);
+namespace {
 
-  const int badSquare = ReadPromoBoxes(form, rules, g.NotationKind());
-  if (badSquare >= 0) {
-    MarkBad(form, form.Text1[badSquare]);
-    return false;
+// Box k (0..3) and box k + 4 make the movement text of piece kind k; the
+// parser's first unknown word tells which of the two boxes holds it.
+int BadDirectionBox(const VariantsForm& f, int k, int firstUnknown) {
+  const std::string& quiet = f.Text2[static_cast<std::size_t>(k)].Text;
+  const int quietWords = static_cast<int>(std::count(quiet.begin(), quiet.end(), ';')) + 1;
+  return firstUnknown <= quietWords ? k : k + 4;
+}
+
+}  // namespace
+
+bool StoreFormRules(VariantsForm& f, Game& g, bool isOK) {
+  // The walk fills a copy; the rules in force take it only when every box was good.
+  RuleRecord rules = g.RuleSet;
+  for (const CheckBoxKey& c : CheckBoxKeys()) {
+    const int value = (f.*c.box).Value;
+    if (c.key == &R::PiecesOnBlack && value != 0 && value != 1) continue;  // grey: left as it is
+    rules.*c.key = value;
   }
+  for (const NumberBoxKey& n : NumberBoxKeys()) rules.*n.key = ValInt((f.*n.box).Text);
+  if (isOK) rules.NumberFriends = f.Check30.Value == 1 ? -1 : ValInt(f.Text6.Text);
+
+  for (int side = 0; side < 2; ++side)
+    for (int i = 0; i < PromoSlots; ++i) {
+      TextBox& box = f.Text1[static_cast<std::size_t>(side * PromoSlots + i)];
+      if (box.Text.empty()) {
+        rules.PromoSquares[side][i] = -1;
+        continue;
+      }
+      const int cell = SquareNumber(ToUpper(box.Text), g.NotationKind(), rules.PiecesOnBlack);
+      const bool bad = cell < 21 || cell > 98 || (rules.PiecesOnBlack < 2 && !SquareIsDark(cell, rules.PiecesOnBlack));
+      if (bad) {
+        box.Marked = true;
+        f.Message = IllegalEntryMessage;
+        return false;
+      }
+      rules.PromoSquares[side][i] = cell;
+    }
+
   DirectionTable table = g.DirTable;
-  const int badDirection = ReadDirectionBoxes(form, table);
-  if (badDirection >= 0) {
-    MarkBad(form, form.Text2[badDirection]);
-    return false;
+  for (int k = 0; k < 4; ++k) {
+    const auto& boxes = f.Text2;
+    rules.DirText[static_cast<std::size_t>(k)] =
+        boxes[static_cast<std::size_t>(k)].Text + " " + boxes[static_cast<std::size_t>(k) + 4].Text;
+    const int firstUnknown = ParseDirections(rules.DirText[static_cast<std::size_t>(k)], k, table);
+    if (firstUnknown != 0) {
+      f.Text2[static_cast<std::size_t>(BadDirectionBox(f, k, firstUnknown))].Marked = true;
+      f.Message = IllegalEntryMessage;
+      return false;
+    }
   }
-  rules.DirText = DirectionTexts(form);
-  g.VariantName = form.Combo1;
+
+  g.VariantName = f.Combo1;
   g.RuleSet = rules;
   g.DirTable = table;
+  f.Message.clear();
   return true;
 }
 

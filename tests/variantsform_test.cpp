@@ -5,253 +5,323 @@
 #include <memory>
 #include <string>
 
+#include "core/fatal.h"
+#include "core/makemove.h"
 #include "core/movegen.h"
 #include "core/newgame.h"
 #include "interaction/newvariant.h"
+#include "interaction/variantreader.h"
 #include "interaction/variantsform.h"
 
 namespace qv {
+
 namespace {
 
 namespace fs = std::filesystem;
 
-const char* const AmericanFile =
-    "American Checkers\nSetup=normal\nPromoW=B8D8F8H8\nPromoB=A1C1E1G1\nEND\n";
-const char* const ItalianFile =
-    "Italian Checkers\nSetup=normal\nMaxCapMove=1\nBlackStarts=0\nPromoW=A8C8E8G8\nPromoB=B1D1F1H1\n"
-    "PiecesOnBlack=0\nManCapKing=0\nMaxCapMoveKings=1\nKingCapMove=1\n"
-    "WhiteManMovement=NW;NE NW;NE\nBlackManMovement=NW;NE NW;NE\n"
-    "HelpLink=https://example.org/italian\nEND\n";
-const char* const RussianFile =
-    "Russian Checkers\nBlackStarts=0\nPromoW=B8D8F8H8\nPromoB=A1C1E1G1\nPiecesOnBlack=1\nLongKings=1\n"
-    "ManContJump=1\nManContJumpCrowned=1\nRemovePieces=1\n"
-    "WhiteManMovement=NW;NE NW;NE;SE;SW\nBlackManMovement=NW;NE NW;NE;SE;SW\nEND\n";
-// Men step and jump straight ahead and sideways, from the second and third rows.
-const char* const RooksFile =
-    "Rooks\nPiecesOnBlack=2\nSetup=0000000011111111111111110000000000000000222222222222222200000000\n"
-    "PromoW=A8B8C8D8E8F8G8H8\nPromoB=A1B1C1D1E1F1G1H1\n"
-    "WhiteManMovement=N;E;W N;E;W\nBlackManMovement=N;E;W N;E;W\n"
-    "WhiteKingMovement=N;E;S;W N;E;S;W\nBlackKingMovement=N;E;S;W N;E;S;W\nEND\n";
-
-// A variant file states every rule: the American defaults come first and the
-// variant's own lines, read later, win.
-void WriteVariantFile(const fs::path& path, const char* ownLines) {
-  std::ofstream out(path, std::ios::binary);
-  std::string text = ownLines;
-  const std::size_t firstLineEnd = text.find('\n') + 1;
-  out << text.substr(0, firstLineEnd);
-  for (const RuleField& field : RuleFields()) out << field.name << '=' << field.defaultValue << '\n';
-  out << "PromoW=B8D8F8H8\nPromoB=A1C1E1G1\n";
-  out << text.substr(firstLineEnd);
+// A variant file that states every key, as the installed ones do: the
+// defaults with the given lines after them (a later key wins).
+std::string VariantText(const std::string& lines) {
+  std::string text = "title line\n";
+  for (const RuleField& field : RuleFields())
+    text += std::string(field.name) + "=" + std::to_string(field.defaultValue) + "\n";
+  text += "PromoW=B8D8F8H8\nPromoB=A1C1E1G1\n";
+  text += "WhiteManMovement=NW;NE NW;NE\nBlackManMovement=NW;NE NW;NE\n";
+  text += "WhiteKingMovement=NW;NE;SE;SW NW;NE;SE;SW\nBlackKingMovement=NW;NE;SE;SW NW;NE;SE;SW\n";
+  return text + lines + "END\n";
 }
 
-class VariantsDialog : public ::testing::Test {
+const std::string ItalianFile = VariantText(
+    "Setup=normal\n"
+    "MaxCapMove=1\nMaxCapMoveKings=1\nKingCapMove=1\nManCapKing=0\nBlackStarts=0\nPiecesOnBlack=0\n"
+    "PromoW=A8C8E8G8\nPromoB=B1D1F1H1\n"
+    "Help=Men may not take kings.\nHelpLink=https://example.org/italian\n");
+
+const std::string RussianFile = VariantText(
+    "LongKings=1\nManContJump=1\nManContJumpCrowned=1\nRemovePieces=1\nBlackStarts=0\nThreeKings=1\nNumberKings=15\n"
+    "WhiteManMovement=NW;NE NW;NE;SE;SW\nBlackManMovement=NW;NE NW;NE;SE;SW\n");
+
+// Two white men on a1 and c1, one black king on h8; Black begins.
+const std::string DuelFile =
+    VariantText("Setup=1010000000000000000000000000000000000000000000000000000000000004\nLongKings=1\n");
+
+class VariantsFormTest : public ::testing::Test {
  protected:
   void SetUp() override {
     folder_ = fs::temp_directory_path() /
-              ("qv-variants-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "-" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
+              ("quorvanis-variants-" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
     fs::create_directories(folder_ / "variants" / "uservariants");
-    WriteVariantFile(folder_ / "variants" / "American Checkers.ini", AmericanFile);
-    WriteVariantFile(folder_ / "variants" / "Italian Checkers.ini", ItalianFile);
-    WriteVariantFile(folder_ / "variants" / "Russian Checkers.ini", RussianFile);
-    WriteVariantFile(folder_ / "variants" / "uservariants" / "Rooks.ini", RooksFile);
-    g_ = std::make_unique<Game>();
-    g_->DataFolder = folder_;
-    g_->Random.SetFixedSeed(7);
-    NewGame(*g_);
+    Write("variants/American Checkers.ini", VariantText(""));
+    Write("variants/Italian Checkers.ini", ItalianFile);
+    Write("variants/Russian Checkers.ini", RussianFile);
+    Write("variants/uservariants/Duel.ini", DuelFile);
+    game_ = std::make_unique<Game>();
+    game_->DataFolder = folder_;
+    game_->Random.SetFixedSeed(7);
+    NewGame(*game_);
   }
   void TearDown() override { fs::remove_all(folder_); }
 
-  // New Variant...: the dialog opens, `edit` clicks in it, OK must succeed.
-  template <typename Edit>
-  void RunDialog(Edit edit) {
-    NewVariantCommand(*g_, [&](Game& g) {
-      OpenVariantsForm(form_, g);
-      edit(g);
-      const bool stored = StoreFormRules(form_, g, true);
-      EXPECT_TRUE(stored) << form_.Message;
-      return stored;
+  void Write(const std::string& name, const std::string& text) { std::ofstream(folder_ / name) << text; }
+
+  // New Variant... with a dialog that chooses `name` in the folder and presses OK.
+  void ChooseAndPlay(const std::string& name, int useClassic = 1) {
+    Game& g = *game_;
+    NewVariantCommand(g, [&](Game& game) {
+      VariantsForm form;
+      OpenVariantsForm(form, game);
+      if (useClassic != form.UseClassic) ChooseVariantFolder(form, game, useClassic);
+      SelectVariant(form, game, name);
+      return StoreFormRules(form, game, true);
     });
   }
 
-  int LegalMoveCount() const { return g_->PlyBase[1] - g_->PlyBase[0]; }
+  int LegalMoveCount() { return game_->PlyBase[1] - game_->PlyBase[0]; }
 
   fs::path folder_;
-  std::unique_ptr<Game> g_;
-  VariantsForm form_;
+  std::unique_ptr<Game> game_;
 };
 
-TEST_F(VariantsDialog, OpensOnTheClassicListWithTheCurrentVariant) {
-  OpenVariantsForm(form_, *g_);
-  EXPECT_EQ(form_.UseClassic, 1);
-  EXPECT_EQ(form_.Combo1List,
-            (std::vector<std::string>{"American Checkers", "Italian Checkers", "Russian Checkers"}));
-  EXPECT_EQ(form_.Combo1, "American Checkers");
-  EXPECT_EQ(form_.Text1[0].Text, "b8");
-  EXPECT_EQ(form_.Text1[4].Text, "");
-  EXPECT_EQ(form_.Text1[12].Text, "a1");
-  EXPECT_EQ(form_.Text2[2].Text, "NW;NE;SE;SW");
-  EXPECT_EQ(form_.Text2[4].Text, "NW;NE");
-  EXPECT_EQ(form_.Check18.Value, 1);
-  EXPECT_FALSE(form_.Check7.Enabled);  // no longest capture, no tie-break on kings
-}
-
-TEST_F(VariantsDialog, ItalianThenRussianThenAUserVariantEachPlayWithTheirOwnRules) {
-  RunDialog([&](Game& g) { SelectVariant(form_, g, "Italian Checkers"); });
-  EXPECT_EQ(g_->VariantLabel, "Italian Checkers");
-  EXPECT_EQ(g_->RuleSet.PiecesOnBlack, 0);
-  EXPECT_EQ(g_->SideToMove, 1);  // White begins
-  EXPECT_EQ(g_->Board[22], WhiteMan);
-  EXPECT_EQ(g_->Board[21], 0);
-  EXPECT_EQ(g_->RuleSet.PromoSquares[0][0], 91);
-  EXPECT_EQ(g_->HelpLink, "https://example.org/italian");
-  EXPECT_EQ(LegalMoveCount(), 7);
-
-  RunDialog([&](Game& g) {
-    EXPECT_EQ(form_.Combo1, "Italian Checkers");
-    EXPECT_EQ(form_.Check2.Value, 1);
-    EXPECT_FALSE(form_.Check2.Enabled);  // longest capture implies going on to the end
-    SelectVariant(form_, g, "Russian Checkers");
-    EXPECT_EQ(form_.Label10, "");
-    EXPECT_EQ(form_.Text2[4].Text, "NW;NE;SE;SW");
-    EXPECT_TRUE(form_.Check14.Enabled);
-  });
-  EXPECT_EQ(g_->VariantLabel, "Russian Checkers");
-  EXPECT_EQ(g_->RuleSet.PiecesOnBlack, 1);
-  EXPECT_EQ(g_->RuleSet.LongKings, 1);
-  EXPECT_EQ(g_->RuleSet.DirText[1], "NW;NE NW;NE;SE;SW");
-  EXPECT_EQ(g_->Board[21], WhiteMan);
-  EXPECT_EQ(LegalMoveCount(), 7);
-
-  RunDialog([&](Game& g) { ChooseVariantFolder(form_, g, 0); });
-  EXPECT_EQ(form_.Combo1List, std::vector<std::string>{"Rooks"});
-  EXPECT_EQ(g_->VariantLabel, "Rooks");
-  EXPECT_EQ(g_->RuleSet.PiecesOnBlack, 2);  // straight steps use every square
-  EXPECT_EQ(g_->Board[31], WhiteMan);
-  EXPECT_EQ(g_->Board[21], 0);
-  EXPECT_EQ(g_->SideToMove, -1);
-  // Black's front row moves: eight steps ahead, none sideways into own men.
-  EXPECT_EQ(LegalMoveCount(), 8);
-}
-
-TEST_F(VariantsDialog, AChangedRuleMarksTheVariantModified) {
-  RunDialog([&](Game& g) {
-    SelectVariant(form_, g, "Russian Checkers");
-    form_.Check19.Value = 1;
-  });
-  EXPECT_EQ(g_->RuleSet.NoLegalDraw, 1);
-  EXPECT_EQ(g_->VariantLabel, "Russian Checkers (M)");
-
-  RunDialog([&](Game& g) { SelectVariant(form_, g, "Russian Checkers"); });
-  EXPECT_EQ(g_->VariantLabel, "Russian Checkers");
-}
-
-TEST_F(VariantsDialog, BadSquaresAndDirectionWordsAreRefusedAndChangeNothing) {
-  OpenVariantsForm(form_, *g_);
-  const RuleRecord before = g_->RuleSet;
-  const DirectionTable tableBefore = g_->DirTable;
-  form_.Check5.Value = 1;  // would be stored with a good entry
-
-  for (const char* bad : {"b7", "z9", "0", "b"}) {
-    EditPromoBox(form_, 13, bad);
-    EXPECT_FALSE(StoreFormRules(form_, *g_, true)) << bad;
-    EXPECT_EQ(form_.Message, "Illegal entry!");
-    EXPECT_TRUE(form_.Text1[13].Marked);
-    EXPECT_EQ(g_->RuleSet.AntiMode, before.AntiMode);
-    EXPECT_EQ(g_->RuleSet.PromoSquares, before.PromoSquares);
-  }
-  EditPromoBox(form_, 13, "c1");
-  EXPECT_FALSE(form_.Text1[13].Marked);
-
-  EditDirectionBox(form_, 6, "NW;NX");  // White king's captures
-  EXPECT_FALSE(StoreFormRules(form_, *g_, true));
-  EXPECT_TRUE(form_.Text2[6].Marked);
-  EXPECT_FALSE(form_.Text2[2].Marked);
-  EditDirectionBox(form_, 6, "NW;NE;SE;SW");
-  EditDirectionBox(form_, 1, "NW;NE;SE;SW;N;E;S;W;NN");  // nine directions
-  EXPECT_FALSE(StoreFormRules(form_, *g_, true));
-  EXPECT_TRUE(form_.Text2[1].Marked);
-  EXPECT_EQ(g_->RuleSet.DirText, before.DirText);
-  EXPECT_EQ(g_->DirTable, tableBefore);
-  EXPECT_EQ(g_->RuleSet.AntiMode, 0);
-
-  // Lower case passes; an empty box in the middle keeps its place as unused.
-  EditDirectionBox(form_, 1, "SW;SE");
-  EditPromoBox(form_, 0, "");
-  EditPromoBox(form_, 13, "c1");
-  EXPECT_TRUE(StoreFormRules(form_, *g_, true));
-  EXPECT_EQ(form_.Message, "");
-  EXPECT_EQ(g_->RuleSet.PromoSquares[0][0], -1);
-  EXPECT_EQ(g_->RuleSet.PromoSquares[0][1], 94);
-  EXPECT_EQ(g_->RuleSet.PromoSquares[1][1], 23);
-  EXPECT_EQ(g_->RuleSet.DirText[1], "SW;SE NW;NE");
-  EXPECT_EQ(g_->RuleSet.AntiMode, 1);
-  EXPECT_EQ(g_->DirTable[1][0], -DirectionOffset("SW"));
-}
-
-TEST_F(VariantsDialog, EnablingRulesFollowTheirFirstControl) {
-  OpenVariantsForm(form_, *g_);
-  form_.Check1.Value = 1;
-  form_.Check2.Value = 0;
-  form_.Check29.Value = 1;
-  form_.Check30.Value = 1;
-  form_.Check33.Value = 1;
-  ApplyEnablingRules(form_);
-  EXPECT_EQ(form_.Check2.Value, 1);
-  EXPECT_FALSE(form_.Check2.Enabled);
-  EXPECT_TRUE(form_.Check7.Enabled);
-  EXPECT_TRUE(form_.Check30.Enabled);
-  EXPECT_FALSE(form_.Text6.Enabled);
-  EXPECT_TRUE(form_.Text13.Enabled);
-
-  form_.Check7.Value = 1;
-  form_.Check1.Value = 0;
-  form_.Check29.Value = 0;
-  form_.Check6.Value = 1;
-  ApplyEnablingRules(form_);
-  EXPECT_EQ(form_.Check7.Value, 0);
-  EXPECT_FALSE(form_.Check7.Enabled);
-  EXPECT_FALSE(form_.Check30.Enabled);
-  EXPECT_FALSE(form_.Check16.Enabled);
-
-  // Apply leaves the jump count alone, OK stores "unlimited" as -1.
-  form_.Check29.Value = 1;
-  EXPECT_TRUE(StoreFormRules(form_, *g_, false));
-  EXPECT_EQ(g_->RuleSet.NumberFriends, 0);
-  EXPECT_TRUE(StoreFormRules(form_, *g_, true));
-  EXPECT_EQ(g_->RuleSet.NumberFriends, -1);
-}
-
-TEST_F(VariantsDialog, Check3MovesThePromotionSquaresOntoTheOtherColour) {
-  OpenVariantsForm(form_, *g_);
-  ClickCheck3(form_, *g_, 0);
-  EXPECT_EQ(g_->RuleSet.PiecesOnBlack, 0);
-  EXPECT_EQ(g_->VariantDefinition.PiecesOnBlack, 0);
-  EXPECT_EQ(form_.Text1[0].Text, "a8");  // b8 is light now: its dark neighbour in the row
-  EXPECT_EQ(form_.Text1[12].Text, "b1");
-  EXPECT_TRUE(StoreFormRules(form_, *g_, true));
-  ClickCheck3(form_, *g_, 1);
-  EXPECT_EQ(form_.Text1[0].Text, "b8");
-}
-
-TEST_F(VariantsDialog, RandomRulesAreValidAndPlay) {
-  for (int round = 0; round < 20; ++round) {
-    RunDialog([&](Game& g) {
-      DrawRandomRules(form_, g);
-      EXPECT_TRUE(form_.Check7.Enabled == (g.RuleSet.MaxCapMove == 1));
-    });
-    EXPECT_EQ(form_.Message, "");
-    EXPECT_GE(g_->RuleSet.NumberMen, 1);
-    EXPECT_LE(g_->RuleSet.NumberKings, 20);
-    for (int side = 0; side < 2; ++side)
-      for (int cell : g_->RuleSet.PromoSquares[side])
-        if (cell != -1) {
-          EXPECT_TRUE(SquareIsDark(cell, g_->RuleSet.PiecesOnBlack)) << cell;
-        }
-    EXPECT_GT(LegalMoveCount(), 0) << "round " << round;
-  }
-}
-
 }  // namespace
+
+TEST_F(VariantsFormTest, ListsBothFolders) {
+  EXPECT_EQ(FillVariantList(*game_, 1),
+            (std::vector<std::string>{"American Checkers", "Italian Checkers", "Russian Checkers"}));
+  EXPECT_EQ(FillVariantList(*game_, 0), std::vector<std::string>{"Duel"});
+  VariantsForm form;
+  ChooseVariantFolder(form, *game_, 0);
+  EXPECT_EQ(form.Combo1, "Duel");
+  EXPECT_EQ(game_->Settings.UseClassic, 0);
+}
+
+TEST_F(VariantsFormTest, SelectingAVariantShowsItsRulesAtOnce) {
+  Game& g = *game_;
+  VariantsForm form;
+  OpenVariantsForm(form, g);
+  EXPECT_EQ(form.Combo1, "American Checkers");
+  EXPECT_EQ(form.Text1[0].Text, "B8");
+  SelectVariant(form, g, "Italian Checkers");
+  EXPECT_EQ(g.RuleSet.ManCapKing, 0);
+  EXPECT_EQ(g.VariantDefinition.ManCapKing, 0);
+  EXPECT_EQ(form.Check8.Value, 0);
+  EXPECT_EQ(form.Check1.Value, 1);
+  EXPECT_FALSE(form.Check2.Enabled);
+  EXPECT_TRUE(form.Check7.Enabled);
+  EXPECT_EQ(form.Check3.Value, 0);
+  EXPECT_EQ(form.Text1[0].Text, "A8");
+  EXPECT_EQ(form.Text1[12].Text, "B1");
+  EXPECT_EQ(form.Text1[4].Text, "");
+  EXPECT_EQ(form.Text2[0].Text, "NW;NE");
+  EXPECT_EQ(form.Text2[6].Text, "NW;NE;SE;SW");
+  EXPECT_EQ(form.Label10, "https://example.org/italian");
+  EXPECT_EQ(g.HelpText, "Men may not take kings.");
+  // The next variant has no link: the old one goes.
+  SelectVariant(form, g, "Russian Checkers");
+  EXPECT_EQ(form.Label10, "");
+  EXPECT_EQ(form.Text2[4].Text, "NW;NE;SE;SW");
+}
+
+TEST_F(VariantsFormTest, EachChosenVariantStartsWithItsOwnSetupAndMoves) {
+  Game& g = *game_;
+  ChooseAndPlay("Italian Checkers");
+  EXPECT_EQ(g.VariantLabel, "Italian Checkers");
+  EXPECT_EQ(g.SideToMove, 1);
+  EXPECT_EQ(g.Flags.SearchFlavour, 2);
+  EXPECT_EQ(g.Board[22], WhiteMan);  // the other colour: b1, not a1
+  EXPECT_EQ(g.Board[21], 0);
+  EXPECT_EQ(LegalMoveCount(), 7);
+
+  ChooseAndPlay("Russian Checkers");
+  EXPECT_EQ(g.VariantLabel, "Russian Checkers");
+  EXPECT_EQ(g.Flags.SearchFlavour, 4);
+  EXPECT_EQ(g.Board[21], WhiteMan);
+  EXPECT_EQ(g.SideToMove, 1);
+  EXPECT_EQ(LegalMoveCount(), 7);
+
+  ChooseAndPlay("Duel", 0);
+  EXPECT_EQ(g.VariantLabel, "Duel");
+  EXPECT_EQ(g.Board[21], WhiteMan);
+  EXPECT_EQ(g.Board[23], WhiteMan);
+  EXPECT_EQ(g.Board[98], BlackKing);
+  EXPECT_EQ(g.SideToMove, -1);
+  EXPECT_EQ(g.RuleSet.LongKings, 1);
+  EXPECT_EQ(LegalMoveCount(), 6);  // the flying king slides from g7 down to b2
+}
+
+TEST_F(VariantsFormTest, ARuleChangedByHandMarksTheVariant) {
+  Game& g = *game_;
+  NewVariantCommand(g, [](Game& game) {
+    VariantsForm form;
+    OpenVariantsForm(form, game);
+    SelectVariant(form, game, "Russian Checkers");
+    form.Check19.Value = 1;  // draw when no moves but pieces
+    return StoreFormRules(form, game, true);
+  });
+  EXPECT_EQ(g.RuleSet.NoLegalDraw, 1);
+  EXPECT_EQ(g.VariantLabel, "Russian Checkers (M)");
+}
+
+TEST_F(VariantsFormTest, EnablingRulesFollowTheirFirstControl) {
+  VariantsForm form;
+  OpenVariantsForm(form, *game_);
+  form.Check2.Value = 0;
+  form.Check1.Value = 1;
+  ApplyEnablingRules(form);
+  EXPECT_EQ(form.Check2.Value, 1);
+  EXPECT_FALSE(form.Check2.Enabled);
+  form.Check7.Value = 1;
+  form.Check1.Value = 0;
+  form.Check10.Value = 0;
+  form.Check12.Value = 1;
+  form.Check29.Value = 1;
+  form.Check30.Value = 1;
+  form.Check33.Value = 1;
+  form.Check6.Value = 1;
+  ApplyEnablingRules(form);
+  EXPECT_EQ(form.Check7.Value, 0);
+  EXPECT_FALSE(form.Check7.Enabled);
+  EXPECT_EQ(form.Check12.Value, 0);
+  EXPECT_FALSE(form.Check12.Enabled);
+  EXPECT_TRUE(form.Check30.Enabled);
+  EXPECT_FALSE(form.Text6.Enabled);
+  EXPECT_TRUE(form.Text9.Enabled && form.Text13.Enabled);
+  EXPECT_FALSE(form.Check16.Enabled);
+  EXPECT_FALSE(form.Text3.Enabled);
+}
+
+TEST_F(VariantsFormTest, Check3MovesThePromotionSquaresToTheOtherColour) {
+  Game& g = *game_;
+  VariantsForm form;
+  OpenVariantsForm(form, g);
+  ClickCheck3(form, g, 0);
+  EXPECT_EQ(g.RuleSet.PiecesOnBlack, 0);
+  EXPECT_EQ(g.VariantDefinition.PiecesOnBlack, 0);
+  EXPECT_EQ(g.RuleSet.PromoSquares[0][0], 91);
+  EXPECT_EQ(g.RuleSet.PromoSquares[1][0], 22);
+  EXPECT_EQ(form.Text1[0].Text, "A8");
+  EXPECT_EQ(form.Text1[12].Text, "B1");
+  EXPECT_EQ(form.Text1[5].Text, "");
+  ClickCheck3(form, g, 1);
+  EXPECT_EQ(g.RuleSet.PromoSquares[0][0], 92);
+  EXPECT_TRUE(StoreFormRules(form, g, true));
+}
+
+TEST_F(VariantsFormTest, BadSquaresAreRefusedAndTheRulesStay) {
+  Game& g = *game_;
+  const RuleRecord before = g.RuleSet;
+  for (const char* bad : {"A2", "Z9", "0", "B"}) {
+    VariantsForm form;
+    OpenVariantsForm(form, g);
+    form.Check19.Value = 1;
+    EditPromoBox(form, 2, "b8");  // lower case is fine
+    EditPromoBox(form, 14, bad);
+    EXPECT_FALSE(StoreFormRules(form, g, true)) << bad;
+    EXPECT_EQ(form.Message, "Illegal entry!");
+    EXPECT_TRUE(form.Text1[14].Marked);
+    EXPECT_FALSE(form.Text1[2].Marked);
+    EXPECT_EQ(g.RuleSet.NoLegalDraw, before.NoLegalDraw);
+    EXPECT_TRUE(g.RuleSet.PromoSquares == before.PromoSquares);
+    EditPromoBox(form, 14, "");
+    EXPECT_FALSE(form.Text1[14].Marked);
+    EXPECT_TRUE(StoreFormRules(form, g, true));
+    EXPECT_EQ(form.Message, "");
+    EXPECT_EQ(g.RuleSet.PromoSquares[0][2], 92);
+    EXPECT_EQ(g.RuleSet.PromoSquares[1][2], -1);
+    g.RuleSet = before;
+  }
+  // With pieces on all squares any square of the board passes.
+  VariantsForm form;
+  g.RuleSet.PiecesOnBlack = 2;
+  OpenVariantsForm(form, g);
+  EXPECT_EQ(form.Check3.Value, 2);
+  EXPECT_FALSE(form.Check3.Enabled);
+  EditPromoBox(form, 0, "A2");
+  EXPECT_TRUE(StoreFormRules(form, g, true));
+  EXPECT_EQ(g.RuleSet.PromoSquares[0][0], 31);
+}
+
+TEST_F(VariantsFormTest, UnknownDirectionWordsAreRefusedAndTheTablesRestored) {
+  Game& g = *game_;
+  const RuleRecord before = g.RuleSet;
+  const DirectionTable table = g.DirTable;
+  VariantsForm form;
+  OpenVariantsForm(form, g);
+  EditDirectionBox(form, 0, "N;E");         // good: orthogonal steps
+  EditDirectionBox(form, 5, "NW;NE;XX");    // Black man's captures
+  EXPECT_FALSE(StoreFormRules(form, g, false));
+  EXPECT_EQ(form.Message, "Illegal entry!");
+  EXPECT_TRUE(form.Text2[5].Marked);
+  EXPECT_FALSE(form.Text2[1].Marked);
+  EXPECT_EQ(g.RuleSet.DirText, before.DirText);
+  EXPECT_EQ(g.DirTable, table);
+
+  EditDirectionBox(form, 5, "NW;NE");
+  EditDirectionBox(form, 3, "SW;Q");  // Black king's normal moves
+  EXPECT_FALSE(StoreFormRules(form, g, false));
+  EXPECT_TRUE(form.Text2[3].Marked);
+  EXPECT_FALSE(form.Text2[5].Marked);
+
+  EditDirectionBox(form, 3, "SW;NE");
+  EXPECT_TRUE(StoreFormRules(form, g, false));
+  EXPECT_EQ(g.RuleSet.DirText[0], "N;E NW;NE");
+  EXPECT_EQ(g.DirTable[0][0], 10);
+}
+
+TEST_F(VariantsFormTest, ApplyLeavesTheNumberOfFriendsAlone) {
+  Game& g = *game_;
+  VariantsForm form;
+  OpenVariantsForm(form, g);
+  form.Check29.Value = 1;
+  form.Check30.Value = 1;
+  form.Text8.Text = "2.5 pieces";
+  EXPECT_TRUE(StoreFormRules(form, g, false));
+  EXPECT_EQ(g.RuleSet.NumberFriends, 0);
+  EXPECT_EQ(g.RuleSet.NumberPieces, 2);
+  EXPECT_TRUE(StoreFormRules(form, g, true));
+  EXPECT_EQ(g.RuleSet.NumberFriends, -1);
+}
+
+TEST_F(VariantsFormTest, RandomRulesPlay) {
+  Game& g = *game_;
+  int played = 0;
+  for (int round = 0; round < 12; ++round) {
+    NewVariantCommand(g, [](Game& game) {
+      VariantsForm form;
+      OpenVariantsForm(form, game);
+      DrawRandomRules(form, game);
+      EXPECT_EQ(form.Check7.Enabled, game.RuleSet.MaxCapMove == 1);
+      EXPECT_GE(game.RuleSet.NumberMen, 1);
+      EXPECT_LE(game.RuleSet.NumberKings, 20);
+      return StoreFormRules(form, game, true);
+    });
+    ASSERT_EQ(g.VariantLabel.substr(0, 17), "American Checkers");
+    // A random game of up to 80 half-moves; any fatal error fails the test.
+    for (int half = 0; half < 80 && LegalMoveCount() > 0; ++half) {
+      const int index = g.PlyBase[0] + static_cast<int>(g.Rnd() * LegalMoveCount());
+      ASSERT_NO_THROW({
+        MakeSearchMove(g, index);
+        CommitRootPly(g);
+        GenerateLegalMoves(g);
+      });
+      ++played;
+    }
+  }
+  EXPECT_GT(played, 12 * 20);
+}
+
+TEST_F(VariantsFormTest, AFileThatCannotBeReadIsFatal) {
+  Game& g = *game_;
+  VariantsForm form;
+  OpenVariantsForm(form, g);
+  Write("variants/Broken.ini", "MulJumps=0\n");
+  for (const char* name : {"Missing", "Broken"}) {
+    try {
+      SelectVariant(form, g, name);
+      ADD_FAILURE() << name;
+    } catch (const FatalError& e) {
+      EXPECT_STREQ(e.what(), "Error found! Quorvanis will exit");
+    }
+  }
+}
+
 }  // namespace qv
