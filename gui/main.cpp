@@ -7,6 +7,7 @@
 #include "core/newgame.h"
 #include "files/paths.h"
 #include "gui/mainwindow.h"
+#include "gui/variantsdialog.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
@@ -18,6 +19,8 @@ int main(int argc, char** argv) {
     QMessageBox::warning(nullptr, "Error", QString::fromStdString(e.what()));
     return 1;
   }
+  // --variants-dialog: the Variants dialog alone, as "New Variant..." opens it.
+  if (app.arguments().contains("--variants-dialog")) return qv::gui::RunVariantsDialog(nullptr, *game) ? 0 : 2;
   qv::gui::MainWindow window(std::move(game));
   window.show();
   return app.exec();
