@@ -230,6 +230,16 @@ bool StoreFormRules(VariantsForm& f, Game& g, bool isOK) {
       rules.PromoSquares[side][i] = cell;
     }
 
+  // A list has room for eight directions; a longer one is refused like an
+  // unknown word.
+  for (int box = 0; box < 8; ++box) {
+    const std::string& text = f.Text2[static_cast<std::size_t>(box)].Text;
+    if (std::count(text.begin(), text.end(), ';') >= 8) {
+      f.Text2[static_cast<std::size_t>(box)].Marked = true;
+      f.Message = IllegalEntryMessage;
+      return false;
+    }
+  }
   DirectionTable table = g.DirTable;
   for (int k = 0; k < 4; ++k) {
     const auto& boxes = f.Text2;

@@ -262,6 +262,10 @@ TEST_F(VariantsFormTest, UnknownDirectionWordsAreRefusedAndTheTablesRestored) {
   EXPECT_FALSE(form.Text2[5].Marked);
 
   EditDirectionBox(form, 3, "SW;NE");
+  EditDirectionBox(form, 6, "NW;NE;SE;SW;N;E;S;W;NN");  // nine: no room
+  EXPECT_FALSE(StoreFormRules(form, g, false));
+  EXPECT_TRUE(form.Text2[6].Marked);
+  EditDirectionBox(form, 6, "NW;NE;SE;SW;N;E;S;W");
   EXPECT_TRUE(StoreFormRules(form, g, false));
   EXPECT_EQ(g.RuleSet.DirText[0], "N;E NW;NE");
   EXPECT_EQ(g.DirTable[0][0], 10);
