@@ -1,6 +1,7 @@
 // quorvanis: the desktop program.
 #include <QApplication>
 #include <QMessageBox>
+#include <cstdio>
 #include <memory>
 
 #include "core/fatal.h"
@@ -20,7 +21,12 @@ int main(int argc, char** argv) {
     return 1;
   }
   // --variants-dialog: the Variants dialog alone, as "New Variant..." opens it.
-  if (app.arguments().contains("--variants-dialog")) return qv::gui::RunVariantsDialog(nullptr, *game) ? 0 : 2;
+  // It prints the variant label and the number of legal moves of the new game.
+  if (app.arguments().contains("--variants-dialog")) {
+    const bool accepted = qv::gui::RunVariantsDialog(nullptr, *game);
+    std::printf("%s: %d legal moves\n", game->VariantLabel.c_str(), game->PlyBase[1] - game->PlyBase[0]);
+    return accepted ? 0 : 2;
+  }
   qv::gui::MainWindow window(std::move(game));
   window.show();
   return app.exec();
