@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "core/text.h"
-#include "interaction/variantreader.h"
+#include "core/newgame.h"
+#include "files/variantfile.h"
 
 namespace qv {
 
@@ -103,28 +104,59 @@ void FillFormFromRules(VariantsForm& f, const Game& g, bool withDirections) {
   ApplyEnablingRules(f);
 }
 
+namespace {
+
+// The variant names of the folder in use, by name: the order a directory
+// gives differs between file systems.
+std::vector<std::string> SortedVariantList(const Game& g, int useClassic) {
+  std::vector<std::string> names = FillVariantList(VariantFolder(g.DataFolder, useClassic));
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+}  // namespace
+
 void ChooseVariantFolder(VariantsForm& f, Game& g, int useClassic) {
   f.UseClassic = useClassic;
   g.Settings.UseClassic = useClassic;
-  f.Combo1List = FillVariantList(g, useClassic);
+  f.Combo1List = SortedVariantList(g, useClassic);
   f.Combo1 = f.Combo1List.empty() ? std::string() : f.Combo1List.front();
 }
 
 void OpenVariantsForm(VariantsForm& f, Game& g) {
   f = VariantsForm{};
   f.UseClassic = g.Settings.UseClassic;
-  f.Combo1List = FillVariantList(g, f.UseClassic);
+  f.Combo1List = SortedVariantList(g, f.UseClassic);
   f.Combo1 = g.VariantName;
   FillFormFromRules(f, g, true);
 }
 
 void SelectVariant(VariantsForm& f, Game& g, const std::string& name) {
   f.Combo1 = name;
-  g.VariantName = name;
-  std::array<std::string, 4> dirTexts = g.RuleSet.DirText;
-  ReadVariantIntoDialog(g, dirTexts);
+  // A variant without a setup of its own starts from the standard position,
+  // whatever the variant read before it had put on the board.
+  if (g.CustomPosition == 0) {
+    BoardCells standard;
+    FillFrame(standard);
+    BuildStandardPosition(standard);
+    ReadSetupText(g, BoardSetupText(standard));
+  }
+  // Keys the file leaves out keep what the dialog shows.
+  DialogRuleTables tables;
+  tables.PromoSquares = g.RuleSet.PromoSquares;
+  for (std::size_t k = 0; k < 4; ++k) {
+    tables.StepText[k] = f.Text2[k].Text;
+    tables.CaptureText[k] = f.Text2[k + 4].Text;
+  }
+  ReadVariantIntoDialog(g, name, tables);
+  // The promotion squares shown are those in force, as the numbers are.
+  g.RuleSet.PromoSquares = tables.PromoSquares;
   FillFormFromRules(f, g, false);
-  FillDirectionBoxes(f, dirTexts);
+  for (std::size_t k = 0; k < 4; ++k) {
+    f.Text2[k].Text = tables.StepText[k];
+    f.Text2[k + 4].Text = tables.CaptureText[k];
+    f.Text2[k].Marked = f.Text2[k + 4].Marked = false;
+  }
 }
 
 void ClickCheck3(VariantsForm& f, Game& g, int value) {

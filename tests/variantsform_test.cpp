@@ -10,7 +10,7 @@
 #include "core/movegen.h"
 #include "core/newgame.h"
 #include "interaction/newvariant.h"
-#include "interaction/variantreader.h"
+#include "files/variantfile.h"
 #include "interaction/variantsform.h"
 
 namespace qv {
@@ -85,11 +85,12 @@ class VariantsFormTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(VariantsFormTest, ListsBothFolders) {
-  EXPECT_EQ(FillVariantList(*game_, 1),
-            (std::vector<std::string>{"American Checkers", "Italian Checkers", "Russian Checkers"}));
-  EXPECT_EQ(FillVariantList(*game_, 0), std::vector<std::string>{"Duel"});
   VariantsForm form;
+  OpenVariantsForm(form, *game_);
+  EXPECT_EQ(form.Combo1List,
+            (std::vector<std::string>{"American Checkers", "Italian Checkers", "Russian Checkers"}));
   ChooseVariantFolder(form, *game_, 0);
+  EXPECT_EQ(form.Combo1List, std::vector<std::string>{"Duel"});
   EXPECT_EQ(form.Combo1, "Duel");
   EXPECT_EQ(game_->Settings.UseClassic, 0);
 }
