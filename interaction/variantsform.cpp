@@ -275,8 +275,10 @@ bool StoreFormRules(VariantsForm& f, Game& g, bool isOK) {
   DirectionTable table = g.DirTable;
   for (int k = 0; k < 4; ++k) {
     const auto& boxes = f.Text2;
+    // An empty capture box is a piece that never captures: no capture list.
+    const std::string& captures = boxes[static_cast<std::size_t>(k) + 4].Text;
     rules.DirText[static_cast<std::size_t>(k)] =
-        boxes[static_cast<std::size_t>(k)].Text + " " + boxes[static_cast<std::size_t>(k) + 4].Text;
+        boxes[static_cast<std::size_t>(k)].Text + (captures.empty() ? "" : " " + captures);
     const int firstUnknown = ParseDirections(rules.DirText[static_cast<std::size_t>(k)], k, table);
     if (firstUnknown != 0) {
       f.Text2[static_cast<std::size_t>(BadDirectionBox(f, k, firstUnknown))].Marked = true;

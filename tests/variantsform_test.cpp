@@ -330,3 +330,41 @@ TEST_F(VariantsFormTest, AFileThatCannotBeReadIsFatal) {
 }
 
 }  // namespace qv
+
+namespace qv {
+
+// Every shipped variant chosen in the dialog and confirmed with OK: its own
+// name without a mark, its own set-up and side to begin, and moves to play.
+TEST(VariantsDialogShipped, EveryVariantStartsAsItsFileSays) {
+  for (int useClassic : {1, 0}) {
+    Game g;
+    g.DataFolder = QUORVANIS_TEST_DATA;
+    g.Random.SetFixedSeed(3);
+    g.Settings.UseClassic = useClassic;
+    g.VariantName = FillVariantList(VariantFolder(g.DataFolder, useClassic)).front();
+    NewGame(g);
+    VariantsForm listing;
+    OpenVariantsForm(listing, g);
+    ASSERT_FALSE(listing.Combo1List.empty());
+    for (const std::string& name : listing.Combo1List) {
+      std::string setup;
+      NewVariantCommand(g, [&](Game& game) {
+        VariantsForm form;
+        OpenVariantsForm(form, game);
+        SelectVariant(form, game, name);
+        setup = BoardSetupText(game.Board);
+        return StoreFormRules(form, game, true);
+      });
+      EXPECT_EQ(g.VariantLabel, name);
+      EXPECT_EQ(g.SideToMove, g.RuleSet.BlackStarts == 1 ? -1 : 1) << name;
+      EXPECT_TRUE(g.RuleSet.PromoSquares == g.VariantDefinition.PromoSquares) << name;
+      EXPECT_EQ(g.RuleSet.DirText, g.VariantDefinition.DirText) << name;
+      EXPECT_EQ(BoardSetupText(g.StartBoard), setup) << name;
+      if (g.RuleSet.RemoveMen == 0 && g.RuleSet.canContract == 0) {
+        EXPECT_GT(g.PlyBase[1] - g.PlyBase[0], 0) << name;
+      }
+    }
+  }
+}
+
+}  // namespace qv
