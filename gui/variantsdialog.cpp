@@ -211,6 +211,7 @@ QWidget* VariantsDialog::BuildTopRow() {
   group->addButton(option2_);
   combo1_ = new QComboBox;
   combo1_->setMinimumContentsLength(24);
+  combo1_->setMaxVisibleItems(16);
   combo1_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   label10_ = new QLabel;
   label10_->setTextFormat(Qt::RichText);
