@@ -56,6 +56,16 @@ void ReadPromoSquaresText(std::string_view text, PromoTable& promo, int side, in
   }
 }
 
+void ShiftPromoSquares(PromoTable& promo, int piecesOnBlack) {
+  for (auto& side : promo)
+    for (int& cell : side) {
+      if (cell == -1) continue;
+      int step = 0;
+      SquareIsDark(cell, piecesOnBlack, &step);
+      cell += step;
+    }
+}
+
 void CopyRuleFields(const RuleRecord& from, RuleRecord& to) {
   for (const RuleField& field : RuleFields())
     if (field.name != "BlackStarts") to.*field.member = from.*field.member;

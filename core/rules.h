@@ -58,6 +58,10 @@ bool IsPromoSquare(const PromoTable& promo, int side, int cell);  // side 0 Whit
 std::string PromoSquaresText(const PromoTable& promo, int side);
 void ReadPromoSquaresText(std::string_view text, PromoTable& promo, int side, int piecesOnBlack);
 
+// After PiecesOnBlack changed: each used entry moves sideways onto the
+// playing square of its row pair (a square already of that colour stays).
+void ShiftPromoSquares(PromoTable& promo, int piecesOnBlack);
+
 // Every rule of the file's copy into the copy in force, except BlackStarts,
 // which the caller settles with the side to move.
 void CopyRuleFields(const RuleRecord& from, RuleRecord& to);
