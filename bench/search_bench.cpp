@@ -16,6 +16,7 @@ qv::RuleRecord GeneralLongKings() {
 void RunSearch(benchmark::State& state, const qv::RuleRecord& rules) {
   const int depth = static_cast<int>(state.range(0));
   qv::DriverUi ui;
+  long long nodes = 0;
   for (auto _ : state) {
     state.PauseTiming();
     auto g = qv::testing::NewTestGame();
@@ -27,7 +28,9 @@ void RunSearch(benchmark::State& state, const qv::RuleRecord& rules) {
     g->Settings.StrengthHandicap = 0;
     state.ResumeTiming();
     benchmark::DoNotOptimize(qv::ComputerMove(*g, ui).score);
+    nodes += g->NodeCount;
   }
+  state.counters["nodes/s"] = benchmark::Counter(static_cast<double>(nodes), benchmark::Counter::kIsRate);
 }
 
 void BM_SearchAmerican(benchmark::State& s) { RunSearch(s, qv::testing::FastRuleSet(1)); }

@@ -190,6 +190,7 @@ struct Game {
   int FocusPiece = 0;
   int HorizonLimit = 0;
   int SearchCancelled = 0;
+  long long NodeCount = 0;  // search nodes visited, for the benchmarks
   int ThreeKingsSince = 0;
   int TwoKingsSince = 0;
   std::string ResultNote;

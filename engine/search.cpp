@@ -35,6 +35,7 @@ MemberTraits Traits(const Game& g, SearchMember member, bool quick) {
 int Node(Game& g, SearchMember member, const MemberTraits& t, int alpha, int beta, int depth) {
   int result = 0;
   if (!t.quick && g.SearchCancelled == 1) return result;
+  ++g.NodeCount;
   const int ply = g.Ply;
   g.PVTable[ply][ply].From = 0;
   const int score = t.evaluate(g, alpha, beta, g.SideToMove);
