@@ -131,6 +131,13 @@ struct Game {
   std::string GameNote;
   int PreviewPending = 0;
   int TouchedCell = 0;
+  // What FindMove learnt about the move it played.
+  int LastWasCapture = 0;
+  int LastWasCrowning = 0;
+  int LastMoveIndex = 0;
+  // The square and piece the player marked with "Priority"; the evaluation favours it.
+  int FocusSquare = 0;
+  int FocusPiece = 0;
   std::string FirstPlayerName = "Player";
   std::string SecondPlayerName = "Computer";
 
