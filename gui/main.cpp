@@ -1,14 +1,13 @@
 // quorvanis: the desktop program.
-#include <QApplication>
-#include <QMessageBox>
 #include <memory>
 
 #include "core/fatal.h"
 #include "files/paths.h"
+#include "gui/application.h"
 #include "gui/mainwindow.h"
 
 int main(int argc, char** argv) {
-  QApplication app(argc, argv);
+  qv::gui::Application app(argc, argv);
   auto game = std::make_unique<qv::Game>();
   game->DataFolder = qv::FindDataFolder(qv::ExecutableFolder(argv[0]));
   try {
@@ -16,7 +15,7 @@ int main(int argc, char** argv) {
     window.show();
     return app.exec();
   } catch (const qv::FatalError& e) {
-    QMessageBox::warning(nullptr, "Error", QString::fromStdString(e.what()));
+    qv::gui::ReportFatal(e.what());
     return 1;
   }
 }

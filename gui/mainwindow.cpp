@@ -24,6 +24,8 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "core/fatal.h"
+#include "gui/application.h"
 #include "gui/boardwidget.h"
 #include "gui/pictureset.h"
 #include "gui/sound.h"
@@ -429,11 +431,16 @@ void MainWindow::StartComputerTurn(TurnReason reason) {
   const double pause = screen_.ComputerPause;
   // The worker owns the game until it ends. It hands each move it makes to
   // this thread and waits while the lists and the board are brought up to date.
+  workerError_.clear();
   worker_ = QThread::create([this, &g, reason, pause] {
-    RunComputerJob(g, reason, pause, [this] {
-      QMetaObject::invokeMethod(
-          this, [this] { EnterComputerMove(session_); }, Qt::BlockingQueuedConnection);
-    });
+    try {
+      RunComputerJob(g, reason, pause, [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { EnterComputerMove(session_); }, Qt::BlockingQueuedConnection);
+      });
+    } catch (const FatalError& e) {
+      workerError_ = e.what();
+    }
   });
   connect(worker_, &QThread::finished, this, &MainWindow::TurnFinished);
   worker_->start();
@@ -443,6 +450,10 @@ void MainWindow::TurnFinished() {
   worker_->deleteLater();
   worker_ = nullptr;
   progressTimer_->stop();
+  if (!workerError_.empty()) {
+    ReportFatal(workerError_.c_str());
+    return;
+  }
   ComputerTurnFinished(session_, turnReason_);
   Sync();
   if (closePending_) close();

@@ -87,6 +87,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   QProgressBar* progress_ = nullptr;
 
   QThread* worker_ = nullptr;
+  std::string workerError_;  // a fatal error the worker met
   TurnReason turnReason_ = TurnReason::Reply;
   QTimer* progressTimer_ = nullptr;
   bool closePending_ = false;
