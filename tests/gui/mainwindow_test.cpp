@@ -48,7 +48,7 @@ void Drag(BoardWidget* board, const char* from, const char* to, int turned) {
   Send(board, QEvent::MouseButtonRelease, b, Qt::LeftButton, Qt::NoButton);
 }
 
-[[maybe_unused]] bool WaitUntil(const std::function<bool()>& done, int milliseconds = 20000) {
+bool WaitUntil(const std::function<bool()>& done, int milliseconds = 20000) {
   QElapsedTimer timer;
   timer.start();
   while (!done() && timer.elapsed() < milliseconds) QApplication::processEvents(QEventLoop::AllEvents, 20);
@@ -73,6 +73,33 @@ TEST(MainWindow, AWhitePieceCannotBeLiftedWhenBlackMoves) {
   Drag(window->board(), "C3", "D4", window->game().Settings.BoardTurned);
   ASSERT_EQ(messages.size(), 1u);
   EXPECT_EQ(messages[0], "Error: Black moves");
+}
+
+TEST(MainWindow, AMoveDraggedWithTheMouseIsAnsweredByTheComputer) {
+  std::vector<std::string> messages;
+  auto window = OpenWindow(messages);
+  Drag(window->board(), "D6", "E5", window->game().Settings.BoardTurned);
+  ASSERT_TRUE(WaitUntil([&] { return !window->ComputerThinking() && window->screen().List1.size() >= 2; }));
+  EXPECT_EQ(window->screen().List1[0], "  1. d6-e5");
+  EXPECT_EQ(window->game().HalfMoveCount, 2);
+  EXPECT_EQ(window->game().SideToMove, -1);
+  EXPECT_EQ(window->screen().Busy, 0);
+  auto* list = window->findChildren<QListWidget*>().front();
+  EXPECT_EQ(list->count(), 2);
+  EXPECT_TRUE(messages.empty());
+}
+
+TEST(MainWindow, ClosingDuringComputerComputerStopsTheGameFirst) {
+  std::vector<std::string> messages;
+  auto window = OpenWindow(messages);
+  window->screen().ComputerPause = 0.2;
+  window->action(Command::ComputerComputer)->trigger();
+  EXPECT_TRUE(window->ComputerThinking());
+  window->close();
+  ASSERT_TRUE(WaitUntil([&] { return !window->ComputerThinking(); }));
+  QApplication::processEvents();
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_EQ(window->game().Settings.PlayMode, 0);
 }
 
 }  // namespace qv::gui
