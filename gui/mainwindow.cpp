@@ -171,7 +171,7 @@ void MainWindow::BuildPanels() {
 
   auto* side = new QVBoxLayout;
   outer->addLayout(side, 1);
-  for (int i = 1; i <= 14; ++i) label_[i] = new QLabel;
+  for (int i : {1, 2, 3, 4, 5, 6, 8, 9, 12, 14}) label_[i] = new QLabel;
 
   // The two sides: colour, player's name and pieces on the board.
   auto* players = new QGroupBox;
@@ -264,6 +264,10 @@ void MainWindow::BuildPanels() {
     ClickGameList(session_, list1_->row(item));
     Sync();
   });
+  connect(list1_, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) {
+    ClickGameList(session_, list1_->row(item));
+    Sync();
+  });
   connect(list2_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
     ClickLegalMove(session_, list2_->row(item));
     Sync();
@@ -301,6 +305,8 @@ void MainWindow::Sync() {
     shownSkin_ = game_->Settings.SkinKind;
     board_->updateGeometry();
     board_->setFixedSize(board_->sizeHint());
+    // The window takes the size of the new board once the layout has settled.
+    QTimer::singleShot(0, this, [this] { resize(minimumSizeHint()); });
   }
   board_->update();
 

@@ -73,7 +73,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   std::function<void(const std::string&, const std::string&)> messageHook_;
 
   BoardWidget* board_ = nullptr;
-  QLabel* label_[15] = {};  // Label1 .. Label14 as the board view names them
+  QLabel* label_[15] = {};  // Label1 .. Label14 as the board view names them (Label7 is a status panel)
   QWidget* extraPieces_ = nullptr;
   QListWidget* list1_ = nullptr;
   QListWidget* list2_ = nullptr;
