@@ -85,10 +85,14 @@ void BoardWidget::paintEvent(QPaintEvent*) {
       p.drawRect(QRectF(left + a, top + a, b - a, b - a));
     }
     if (view.Number > 0) {
+      // White with a dark edge, readable on squares and pieces alike.
       p.setFont(numberFont);
+      const QPointF at(left + 100.0 / tpp + 1, top + 100.0 / tpp + numberFont.pixelSize());
+      const QString number = QString::number(view.Number);
+      p.setPen(QColor(0, 0, 0, 200));
+      for (QPointF d : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) p.drawText(at + d, number);
       p.setPen(Qt::white);
-      p.drawText(QPointF(left + 100.0 / tpp + 1, top + 100.0 / tpp + numberFont.pixelSize()),
-                 QString::number(view.Number));
+      p.drawText(at, number);
     }
   }
   // Notation labels: files under the board, ranks at its left.
