@@ -43,9 +43,17 @@ struct CliContext {
   std::ostream& err;
 };
 
-// Builds the game the options describe: variant, set-up, side, seed, notation.
+// Thrown when a move of --moves is not legal: the move's text.
+struct IllegalMove {
+  std::string move;
+};
+
+// Builds the game the options describe: variant, set-up, side, seed, notation,
+// then plays the moves of --moves.
 void PrepareGame(CliContext& context);
 
 int RunShow(CliContext& context);
+int RunMoves(CliContext& context);
+int RunPerft(CliContext& context);
 
 }  // namespace qv::cli

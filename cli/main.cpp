@@ -17,6 +17,8 @@ struct CommandEntry {
 
 constexpr CommandEntry Commands[] = {
     {"show", qv::cli::RunShow},
+    {"moves", qv::cli::RunMoves},
+    {"perft", qv::cli::RunPerft},
 };
 
 }  // namespace
@@ -45,6 +47,9 @@ int main(int argc, char** argv) {
   } catch (const qv::cli::UsageError& e) {
     std::cerr << "quorvanis-cli: " << e.message << "\n" << qv::cli::UsageText();
     return 2;
+  } catch (const qv::cli::IllegalMove& e) {
+    std::cerr << e.move << ": Illegal move!\n";
+    return 1;
   } catch (const qv::FatalError& e) {
     std::cerr << e.what() << "\n";
     return 1;

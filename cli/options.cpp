@@ -34,8 +34,12 @@ std::string UsageText() {
          "  --side white|black      the side to move in that position\n"
          "  --seed N                seed the random generator so that a run can be repeated\n"
          "  --notation algebraic|numeric\n"
+         "  --moves \"c3-d4 f6-e5\"   play these moves first (either notation, - or x)\n"
          "commands:\n"
-         "  show                    print the position, its setup text and the rule set\n";
+         "  show                    print the position, its setup text and the rule set\n"
+         "  moves [--json]          list the legal moves in generation order\n"
+         "  perft N [--divide] [--general]\n"
+         "                          count the leaves of the move tree to depth N\n";
 }
 
 CliOptions ParseOptions(int argc, char** argv) {

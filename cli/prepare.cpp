@@ -1,7 +1,11 @@
 #include <ostream>
 
 #include "cli/cli.h"
+#include <sstream>
+
+#include "core/makemove.h"
 #include "core/newgame.h"
+#include "core/text.h"
 
 namespace qv::cli {
 
@@ -22,6 +26,16 @@ void PrepareGame(CliContext& context) {
     AdoptBoardPosition(g);
   }
   if (o.notation && g.RuleSet.PiecesOnBlack != 2) g.Settings.NotationKind = *o.notation;
+  if (o.moves) {
+    std::istringstream words(*o.moves);
+    std::string word;
+    while (words >> word) {
+      // Move numbers such as "1." may stand between the moves.
+      if (word.back() == '.') continue;
+      if (FindMove(g, ParseMoveText(ToUpper(word), g.CaptureChar)) == 0) throw IllegalMove{word};
+    }
+    CommitRootPly(g);
+  }
 }
 
 }  // namespace qv::cli

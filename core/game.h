@@ -8,6 +8,7 @@
 #include <string>
 
 #include "core/board.h"
+#include "core/generator_work.h"
 #include "core/options.h"
 #include "core/random.h"
 #include "core/rules.h"
@@ -85,6 +86,13 @@ struct VariantFlags {
   int SearchFlavour = 1;
 };
 
+// The direction table of the default movement texts.
+inline DirectionTable DefaultDirTable() {
+  DirectionTable table;
+  for (int kind = 0; kind < 4; ++kind) ParseDirections(DefaultDirText[kind], kind, table);
+  return table;
+}
+
 struct Game {
   // Where the read-only data (variants, books, skins, sounds) is found. Empty:
   // no variant file is read and the built-in American rules stand.
@@ -107,8 +115,8 @@ struct Game {
   std::string HelpLink;
   std::string QuickHelpLink;
   std::string VariantLabel = "American Checkers";  // LoadedVariantName, " (M)" when modified
-  DirectionTable DirTable;
-  DirectionTable DirTableBook;
+  DirectionTable DirTable = DefaultDirTable();
+  DirectionTable DirTableBook = DefaultDirTable();
   VariantFlags Flags;
 
   // Game state.
@@ -131,10 +139,6 @@ struct Game {
   std::string GameNote;
   int PreviewPending = 0;
   int TouchedCell = 0;
-  // What FindMove learnt about the move it played.
-  int LastWasCapture = 0;
-  int LastWasCrowning = 0;
-  int LastMoveIndex = 0;
   // The square and piece the player marked with "Priority"; the evaluation favours it.
   int FocusSquare = 0;
   int FocusPiece = 0;
@@ -145,6 +149,19 @@ struct Game {
   Table<MoveRecord, MoveStackSize> MoveStack;
   int MoveTop = 0;
   Table<int, PlyRows> PlyBase;
+  GeneratorWork Gen;
+  // What FindMove found, and the pending square of a touch-move rule.
+  int LastWasCapture = 0;
+  int LastWasCrowning = 0;
+  int LastMoveIndex = 0;
+  // 1 while the driver wants LastCap applied below the root as well.
+  int LastCapAnyPly = 0;
+  // Repetition and move-limit state for the search (CountRepetitions, CheckMoveLimit).
+  int LineDrawn = 0;
+  int BareKings = 0;
+  int LimitReached = 0;
+  int ManThresholdWhite = 6;
+  int ManThresholdBlack = 6;
 
   // Per-ply tables kept by the make operation and read by the engine.
   Table<int, PlyRows> MaterialByPly;

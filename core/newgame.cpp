@@ -170,7 +170,7 @@ void NewGame(Game& g) {
   MarkModified(g);
   DeriveRuleTables(g);
   ResetGameState(g);
-  g.CaptureChar = g.Settings.CaptureCharColon == 1 ? ":" : "x";
+  g.CaptureChar.assign(1, g.Settings.CaptureCharColon == 1 ? ':' : 'x');
   GenerateLegalMoves(g);
   g.FirstPlayerName = g.Settings.PlayerName;
   g.SecondPlayerName = "Computer";

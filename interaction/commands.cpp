@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/makemove.h"
 #include "core/movegen.h"
 #include "core/newgame.h"
 #include "core/text.h"
@@ -204,7 +205,7 @@ void StartComputerMove(Session& s) {
   s.screen.StatusText.clear();
   s.screen.Busy = 1;
   EnableCommand(s, Command::BoardMenu, 0);
-  std::swap(g.FirstPlayerName, g.SecondPlayerName);
+  SwapPlayerNames(g);
   RefreshPlayers(s);
   BeginComputerTurn(s, TurnReason::Compute);
 }

@@ -10,14 +10,21 @@
 
 namespace qv {
 
-void UpdateAfterMove(Session&) {}
+void UpdateAfterMove(Session& s) { UpdateManThresholds(s.game); }
 void CheckEndAfterMove(Session& s) {
   Game& g = s.game;
   // Without moves the side to move has lost.
   GenerateLegalMoves(g);
   if (g.PlyBase[g.Ply + 1] <= g.PlyBase[g.Ply]) g.GameOver = 1;
 }
-void CheckDrawsAfterWalk(Session&) {}
+void CheckDrawsAfterWalk(Session& s) {
+  Game& g = s.game;
+  CheckMoveLimit(g, g.HalfMoveCount);
+  if (g.LimitReached == 1) g.DrawReason = 2;
+  CountRepetitions(g, g.HalfMoveCount);
+  if (g.LineDrawn == 3) g.DrawReason = 1;
+  if (g.BareKings == 1) g.DrawReason = 3;
+}
 void ClearHintState(Session&) {}
 void ClearAnalysisTable(Session& s) { s.screen.List3.clear(); }
 void ClearStoredReply(Game&) {}
@@ -48,7 +55,7 @@ void RunComputerJob(Game& g, TurnReason reason, double pause, const std::functio
     if (g.GameOver == 0 && moveEntered) moveEntered();
     if (reason != TurnReason::ComputerComputer) break;
     std::this_thread::sleep_for(std::chrono::duration<double>(pause));
-  } while (g.GameOver == 0 && g.StopRequest == 0);
+  } while (g.GameOver == 0 && g.StopRequest == 0 && g.HalfMoveCount < RecordSize - 2);
 }
 
 void EnterComputerMove(Session& s) {

@@ -103,13 +103,19 @@ int DropTarget(const Session& s, int sourceCell) {
   return target;
 }
 
-void ExplainRefusal(Session& s, int target) {
+void ExplainRefusal(Session& s, int source, int target) {
   Game& g = s.game;
   bool captureAvailable = false;
   ForEachLegalMove(g, [&](const MoveRecord& m) { captureAvailable = captureAvailable || m.IsCapture(); });
   std::string reason;
   if (captureAvailable && g.RuleSet.CapRequired == 1) {
     reason = "you need to jump";
+    // A capture line that was traced but did not pass the capture rules.
+    for (int row = 0; row <= 20; ++row) {
+      if (g.Gen.CandidateKeys[row].Length == 0) break;
+      const CaptureCandidate& line = g.Gen.Candidates[row];
+      if (line.From == source && line.To == target) reason = "you cannot jump that way";
+    }
   } else if (g.Board[target] == 0) {
     RefreshBoard(s, 0);
     s.window.ShowMessage("Illegal move", "Error", BoxIcon::Exclamation);
@@ -149,7 +155,7 @@ void Drop(Session& s) {
     RecordHumanMove(s, moveText, EntryPath::Mouse);
     return;
   }
-  ExplainRefusal(s, target);
+  ExplainRefusal(s, source, target);
 }
 
 PopupChecks ChecksFor(const Game& g, int cell) {

@@ -74,23 +74,6 @@ void RefreshMoveChoices(Session& s) {
   s.window.Changed(Part::Lists);
 }
 
-std::string ParseMoveText(std::string text, const std::string& captureChar) {
-  const std::string mark = ToUpper(captureChar);
-  while (true) {
-    const std::size_t capture = ToUpper(text).find(mark);
-    if (!mark.empty() && capture != std::string::npos) {
-      text.erase(capture, mark.size());
-      continue;
-    }
-    const std::size_t dash = text.find('-');
-    if (dash == std::string::npos) return text;
-    std::string before = text.substr(0, dash), after = text.substr(dash + 1);
-    if (before.size() == 1) before += ' ';
-    if (after.size() == 1) after += ' ';
-    text = before + after;
-  }
-}
-
 namespace {
 
 // The common part of a typed or listed move: find it, refuse it or record it.
@@ -98,7 +81,7 @@ void PlayTextMove(Session& s, std::string text, EntryPath path) {
   Game& g = s.game;
   s.screen.Text2.clear();
   s.window.Changed(Part::Texts);
-  const std::string moveText = ParseMoveText(std::move(text), g.CaptureChar);
+  const std::string moveText = ParseMoveText(text, g.CaptureChar);
   if (FindMove(g, moveText) == 0) {
     RefuseMove(s);
     return;

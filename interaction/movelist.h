@@ -32,9 +32,6 @@ void WriteMoveToList(Session& s, std::string_view moveText, const std::string& d
 // Refills List2 with the legal moves of the position.
 void RefreshMoveChoices(Session& s);
 
-// "9-14" becomes "9 14", "c3xd4" becomes "c3d4": the form FindMove reads.
-std::string ParseMoveText(std::string text, const std::string& captureChar);
-
 // Enter in Text2 or the "Move" button.
 void EnterTypedMove(Session& s);
 // A click on row `row` of List2, of List1.

@@ -16,7 +16,7 @@ namespace {
 
 void SwapNamesIfComputerPlays(Game& g) {
   if (g.FirstPlayerName == "Computer" || g.SecondPlayerName == "Computer")
-    std::swap(g.FirstPlayerName, g.SecondPlayerName);
+    SwapPlayerNames(g);
 }
 
 // Replays the next stored half move from its text.

@@ -1,5 +1,6 @@
 #include "interaction/record.h"
 
+#include "core/makemove.h"
 #include "core/movegen.h"
 #include "interaction/boardview.h"
 #include "interaction/commands.h"
@@ -67,7 +68,7 @@ void RecordHumanMove(Session& s, std::string_view moveText, EntryPath path) {
   CheckEndAfterMove(s);
 
   if (g.GameOver == 1) {
-    if (path == EntryPath::Mouse || path == EntryPath::List3) std::swap(g.FirstPlayerName, g.SecondPlayerName);
+    if (path == EntryPath::Mouse || path == EntryPath::List3) SwapPlayerNames(g);
     RefreshBoard(s, 0);
     FinishHumanMove(s);
     return;

@@ -165,13 +165,7 @@ TEST_F(InteractionTest, PopupEditorStartsAGameFromTheEditedPosition) {
   EXPECT_EQ(game->SideToMove, 1);
 }
 
-TEST_F(InteractionTest, ParseMoveTextStripsSeparators) {
-  EXPECT_EQ(ParseMoveText("9-14", "x"), "9 14");
-  EXPECT_EQ(ParseMoveText("C3XD4", "x"), "C3D4");
-  EXPECT_EQ(ParseMoveText("C3xD4", "x"), "C3D4");
-  EXPECT_EQ(ParseMoveText("11-5", "x"), "115 ");
-  EXPECT_EQ(ParseMoveText("C3:E5:G7", ":"), "C3E5G7");
-  EXPECT_EQ(ParseMoveText("D4", "x"), "D4");
+TEST_F(InteractionTest, GameListRowsNumberFullMoves) {
   EXPECT_EQ(GameListRow(1, "c3-d4"), "  1. c3-d4");
   EXPECT_EQ(GameListRow(2, "f6-e5"), "      f6-e5");
   EXPECT_EQ(GameListRow(199, "a1-b2"), "100. a1-b2");

@@ -65,3 +65,32 @@ TEST(CliOptions, BadInputNamesTheValueAndExitsWithTwo) {
     EXPECT_NE(r.output.find("usage:"), std::string::npos) << r.output;
   }
 }
+
+TEST(CliMoves, ListsTheMovesAfterTheGivenOnes) {
+  RunResult r = RunCli("--moves \"f6-g5 c3-d4 g5-h4 d4-e5\" moves");
+  EXPECT_EQ(r.status, 0);
+  EXPECT_EQ(r.output, "d6xf4 [e5]\n");
+  r = RunCli("--moves \"f6-g5 c3-d4 g5-h4 d4-e5\" moves --json");
+  EXPECT_EQ(r.output, "[{\"from\":\"d6\",\"to\":\"f4\",\"captures\":[\"e5\"],\"crowns\":false}]\n");
+  r = RunCli("--notation numeric --moves \"9-14 23-18\" moves");
+  EXPECT_EQ(r.output, "14x23 [18]\n");
+  r = RunCli("moves");
+  EXPECT_EQ(r.output, "b6-c5\nb6-a5\nd6-e5\nd6-c5\nf6-g5\nf6-e5\nh6-g5\n");
+}
+
+TEST(CliMoves, AnIllegalMoveStopsWithItsText) {
+  const RunResult r = RunCli("--moves \"f6-g5 c3-d5\" show");
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.output, "c3-d5: Illegal move!\n");
+}
+
+TEST(CliPerft, CountsAndDividesWithEitherGenerator) {
+  RunResult r = RunCli("perft 5");
+  EXPECT_EQ(r.status, 0);
+  EXPECT_NE(r.output.find("perft 5: 7361"), std::string::npos);
+  r = RunCli("perft 4 --general --divide");
+  EXPECT_NE(r.output.find("b6-c5 "), std::string::npos);
+  EXPECT_NE(r.output.find("perft 4: 1469"), std::string::npos);
+  r = RunCli("perft many");
+  EXPECT_EQ(r.status, 2);
+}

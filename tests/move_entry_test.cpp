@@ -263,9 +263,19 @@ TEST_F(MoveEntryTest, TheComputerRepliesAndBusyBlocksTheBoard) {
 }
 
 TEST_F(MoveEntryTest, ComputerComputerPlaysUntilTheEndAndHandsBackTheBoard) {
+  // White to move takes Black's last two men one after the other.
+  for (int& v : game->Board)
+    if (v != OffBoard) v = 0;
+  game->Board[Cell("c3")] = WhiteMan;
+  game->Board[Cell("d4")] = BlackMan;
+  game->Board[Cell("f6")] = BlackMan;
+  game->SideToMove = 1;
+  AdoptBoardPosition(*game);
+  ShowNewGame(session);
   RunComputerComputer(session);
   EXPECT_EQ(game->GameOver, 1);
-  EXPECT_GT(game->HalfMoveCount, 10);
+  EXPECT_EQ(game->HalfMoveCount, 1);
+  EXPECT_EQ(screen.List1[0], "  1. c3xg7");
   EXPECT_EQ(static_cast<int>(screen.List1.size()), game->HalfMoveCount);
   EXPECT_EQ(game->Settings.PlayMode, 0);
   EXPECT_EQ(screen[Command::PlayerComputer].Checked, 1);

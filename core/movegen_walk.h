@@ -1,0 +1,554 @@
+#pragma once
+// The move generator: one walk over the board for every rule set. Quiet moves
+// are pushed as they are found; capture lines are traced depth first with an
+// explicit stack on the real Board (the moving piece travels, jumped pieces are
+// marked by their value minus 10) and kept as candidates, which the capture
+// filters then push. Instantiated with the rules read at run time, and with
+// the rules of each fast rule set fixed at compile time.
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+#include "core/fatal.h"
+#include "core/movepush.h"
+#include "core/rule_policies.h"
+
+namespace qv {
+
+template <class R>
+class MoveWalk {
+ public:
+  explicit MoveWalk(Game& game) : g(game), w(game.Gen), side(game.SideToMove) {}
+
+  // Fills MoveStack; for the probe returns true as soon as a move exists.
+  bool Run(int includeQuiet) {
+    try {
+      return Walk(includeQuiet, false);
+    } catch (const RangeError&) {
+      throw FatalError(FatalText());
+    }
+  }
+
+  // The search's two-step call in one walk, for rule sets where captures are
+  // compulsory and nothing is dropped: the captures, and only when there are
+  // none the quiet moves. The moves come out as the two calls give them.
+  void RunCapturesThenQuiet() {
+    try {
+      Walk(0, true);
+    } catch (const RangeError&) {
+      throw FatalError(FatalText());
+    }
+  }
+
+ private:
+  Game& g;
+  GeneratorWork& w;
+  const int side;
+  int cell = 0;      // the square of the piece being traced
+  int v = 0;         // its value at the start
+  int piece = 0;     // its value now (a man crowned in the line becomes a king)
+  int kind = 0;
+  int slide = 0;
+  bool found = false;  // probe: a move exists
+
+  std::string FatalText() const {
+    std::string text = "X=" + std::to_string(w.Depth) + "   K=" + std::to_string(w.CandCount) +
+                       "\n\nFatal Error! Quorvanis will exit.\n";
+    if (R::RemovePieces(g) == 0)
+      text += "\nTry to check 'Remove captured pieces after move'\nin the Variants dialog box.\n";
+    return text;
+  }
+
+  bool IsPromo(int promoSide, int target) const {
+    const auto& list = g.RuleSet.PromoSquares[promoSide];
+    for (int i = 0; i < R::PromoEntries; ++i)
+      if (list[i] == target) return true;
+    return false;
+  }
+
+  bool Walk(int includeQuiet, bool quietWhenNoCapture) {
+    int quiet = includeQuiet;
+    if (R::CapRequired(g) == 0 && quiet == 0) quiet = 1;
+    w.CandCount = 0;
+    w.LongestLen = 0;
+    w.BestMover = 0;
+    w.RecaptureCount = 0;
+    w.LongestOf.Fill(0);
+    for (int i = 0; i <= w.LongestKeyUsed; ++i) w.MostKings[i] = 0;
+    w.LongestKeyUsed = 0;
+    w.Crowned = 0;
+    w.Arrived = 0;
+    w.SharedCounter = 0;
+    const int startTop = g.PlyBase[g.Ply];
+    if (!R::Probe) g.MoveTop = startTop;
+
+    if (quiet > 0 && R::canContract(g) == 1) {
+      // Drops are tested on every cell, occupied or not.
+      for (int square = 21; square <= 98; ++square) {
+        const int value = g.Board[square];
+        if (value != 0 && value != OffBoard && value * side > 0 && VisitPiece(square, value, quiet)) return true;
+        cell = square;
+        DropStep();
+        if (found) return true;
+      }
+    } else {
+      for (std::uint64_t own = OwnPieces(); own != 0; own &= own - 1) {
+        const int square = SquareOfBit(std::countr_zero(own));
+        if (VisitPiece(square, g.Board.Cells[square], quiet)) return true;
+      }
+    }
+    if (w.CandCount > 0 && FilterCandidates(includeQuiet, startTop)) return true;
+    if (quietWhenNoCapture && g.MoveTop == startTop) PushAllQuietMoves();
+    if (!R::Probe) g.PlyBase[g.Ply + 1] = g.MoveTop;
+    return false;
+  }
+
+  // The quiet moves and the capture trace of one own piece; true when the
+  // probe found a move.
+  bool VisitPiece(int square, int value, int quiet) {
+    cell = square;
+    v = value;
+    kind = PieceKind(v);
+    piece = v;
+    slide = (R::LongKings(g) == 1 && kind >= KindWhiteKing) ? 1 : 0;
+    if (quiet > 0) {
+      QuietMoves();
+      if (found) return true;
+    }
+    for (int i = 0; i <= w.DeepestLevel; ++i) {
+      w.DirIndex[i] = -1;
+      w.LandStep[i] = 0;
+      w.JumpDist[i] = 0;
+    }
+    w.DeepestLevel = 0;
+    w.SharedCounter = TraceDepths;
+    w.Depth = -1;
+    w.Here = cell;
+    w.Path.Clear();
+    w.LastPath.Clear();
+    w.Returned = 0;
+    w.TracePeak = 0;
+    if (R::ManCapMoveKing(g) == 1 && kind < KindWhiteKing) slide = 1;
+    if (HasFirstJump()) Trace();
+    return false;
+  }
+
+  // The squares of the side's pieces as bits, in rising cell order: one pass
+  // without branches instead of a branch on every cell.
+  std::uint64_t OwnPieces() const {
+    const int* board = g.Board.Cells;
+    std::uint64_t own = 0;
+    for (int row = 0; row < 8; ++row) {
+      const int* cells = board + (row + 2) * 10 + 1;
+#ifdef __SSE2__
+      // Eight cells in two compares: White's pieces are 1..99, Black's below 0.
+      const __m128i low = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cells));
+      const __m128i high = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cells + 4));
+      __m128i a, b;
+      if (side > 0) {
+        const __m128i zero = _mm_setzero_si128(), frame = _mm_set1_epi32(OffBoard);
+        a = _mm_and_si128(_mm_cmpgt_epi32(low, zero), _mm_cmplt_epi32(low, frame));
+        b = _mm_and_si128(_mm_cmpgt_epi32(high, zero), _mm_cmplt_epi32(high, frame));
+      } else {
+        a = low;  // the sign bit is the answer
+        b = high;
+      }
+      const unsigned bits = static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(a))) |
+                            (static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(b))) << 4);
+#else
+      unsigned bits = 0;
+      for (int column = 0; column < 8; ++column) {
+        const int x = cells[column];
+        bits |= static_cast<unsigned>(side > 0 ? (x > 0 && x < OffBoard) : (x < 0)) << column;
+      }
+#endif
+      own |= static_cast<std::uint64_t>(bits) << (row * 8);
+    }
+    return own;
+  }
+  static int SquareOfBit(int bit) { return (bit / 8 + 2) * 10 + bit % 8 + 1; }
+
+  void PushAllQuietMoves() {
+    for (std::uint64_t own = OwnPieces(); own != 0; own &= own - 1) {
+      cell = SquareOfBit(std::countr_zero(own));
+      v = g.Board.Cells[cell];
+      kind = PieceKind(v);
+      piece = v;
+      slide = (R::LongKings(g) == 1 && kind >= KindWhiteKing) ? 1 : 0;
+      QuietMoves();
+    }
+  }
+
+  // Whether the piece has a first jump at all. When it has none the trace
+  // would find nothing and change nothing that outlives the piece, so it is
+  // skipped.
+  bool HasFirstJump() const {
+    const DirectionRow& steps = g.DirTable[kind + 4];
+    for (int i = 0; steps[i] != EndOfList; ++i) {
+      const int d = steps[i];
+      // A square plus one or two steps of at most 20 cells stays inside the
+      // frame, so these reads need no range check.
+      const int* board = g.Board.Cells;
+      int t = cell + d;
+      if (slide == 1)
+        while (board[t] == 0) t += d;
+      const int target = board[t];
+      if (target == 0 || target == OffBoard) continue;
+      if (Capturable(t + d, target)) return true;
+    }
+    return false;
+  }
+
+  void EmitQuiet(int to) {
+    if (R::Probe) found = true;
+    else PushQuiet(g, cell, to);
+  }
+  void EmitCrowningStep(int to) {
+    if (R::Probe) found = true;
+    else PushCrowning(g, cell, to, PathText{}, v);
+  }
+
+  void QuietMoves() {
+    const DirectionRow& steps = g.DirTable[kind];
+    const int promoSide = kind == KindWhiteMan ? 0 : 1;
+    for (int i = 0; steps[i] != EndOfList; ++i) {
+      const int d = steps[i];
+      if (slide) {
+        for (int t = cell + d; g.Board[t] == 0; t += d) EmitQuiet(t);
+      } else {
+        const int t = cell + d;
+        if (g.Board[t] == 0) {
+          if (kind < KindWhiteKing && IsPromo(promoSide, t)) EmitCrowningStep(t);
+          else EmitQuiet(t);
+        } else if (R::JumpFriend(g) == 1 && g.Board[t] == v) {
+          HopOverFriends(d, t);
+        }
+      }
+      if (found) return;
+    }
+  }
+
+  // A hop over a row of own pieces of the same kind, as a quiet move.
+  void HopOverFriends(int d, int t) {
+    int n = 0, u = t;
+    while (g.Board[u] == v) {
+      ++n;
+      u += d;
+    }
+    if (g.Board[u] != 0) return;
+    if (n != R::NumberFriends(g) && R::NumberFriends(g) != -1) return;
+    // The promotion test goes by the piece value, so a black king (kind 3)
+    // reaches a promotion table that does not exist: the fatal error it has
+    // always been.
+    if (v < 2 && IsPromoOfKind(u)) EmitCrowningStep(u);
+    else EmitQuiet(u);
+  }
+  bool IsPromoOfKind(int u) const {
+    const auto& list = g.RuleSet.PromoSquares[kind];
+    for (int i = 0; i < R::PromoEntries; ++i)
+      if (list[i] == u) return true;
+    return false;
+  }
+
+  void DropStep() {
+    const int pob = R::PiecesOnBlack(g);
+    const bool dark = SquareIsDark(cell, pob);
+    if (pob < 2 && !dark) return;
+    if (pob == 2 && !dark && g.Flags.AllOrthogonal == 0 && g.Board[w.SharedCounter] == 0) return;
+    if (g.Board[cell] != 0) return;
+    if (side == 1) {
+      const int row = R::ContractW1(g);
+      if (g.ContractLeftWhite >= 1 && cell > row * 10 && cell < row * 10 + 9 &&
+          g.Board[cell + std::abs(row - R::ContractW2(g)) * 10] == 0) {
+        PushQuiet(g, DropSource, cell);
+        found = R::Probe;
+      }
+    } else {
+      const int row = R::ContractB1(g);
+      if (g.ContractLeftBlack >= 1 && cell > row * 10 && cell < row * 10 + 9 &&
+          g.Board[cell - std::abs(row - R::ContractB2(g)) * 10] == 0) {
+        PushQuiet(g, DropSource, cell);
+        found = R::Probe;
+      }
+    }
+  }
+
+  bool Capturable(int landing, int target) const {
+    if (g.Board[landing] != 0 || landing < 21) return false;
+    switch (piece) {
+      case WhiteMan: return target == BlackMan || (target == BlackKing && R::ManCapKing(g) == 1);
+      case WhiteKing: return target == BlackMan || target == BlackKing;
+      case BlackMan: return target == WhiteMan || (target == WhiteKing && R::ManCapKing(g) == 1);
+      case BlackKing: return target == WhiteMan || target == WhiteKing;
+      default: return false;
+    }
+  }
+
+  int ManKindOfSide() const { return side == 1 ? KindWhiteMan : KindBlackMan; }
+
+  // Takes back the jump made at the current depth (the piece stands on Here):
+  // the piece leaves its landing, the jumped piece is unmarked, and Here goes
+  // back to where the jump started.
+  void TakeBackJump(bool withCrownTests) {
+    w.Path.DropLast();
+    g.Board[w.Here] = 0;
+    if (withCrownTests && w.Crowned == 1) {
+      w.Arrived = 0;
+      if (w.Here == w.CrownCell && w.Depth == w.CrownDepth && piece == 2 * side) w.Arrived = side;
+      if (w.Arrived != 0) {
+        piece = w.Arrived;
+        kind = ManKindOfSide();
+        slide = 0;
+      }
+    }
+    const int step = w.StepOffset[w.Depth];
+    if (slide == 0 || R::KingFirst(g) == 1) w.Here -= step;
+    else w.Here -= w.LandStep[w.Depth] * step;
+    g.Board[w.Here] += 10;
+    w.Returned = 1;
+    if (slide == 1) w.Here -= w.JumpDist[w.Depth] * step;
+    else w.Here -= step;
+    if (withCrownTests && w.Crowned == 1 && w.Arrived != 0) {
+      w.Crowned = 0;
+      g.Board[w.Here] = side;
+      piece = side;
+      kind = ManKindOfSide();
+    }
+  }
+
+  void Trace() {
+    int d = 0, origin = 0, landing = 0;
+  EnterLevel:
+    ++w.Depth;
+    w.DeepestLevel = std::max(w.DeepestLevel, std::min(w.Depth, TraceDepths - 1));
+  NextDirection:
+    ++w.DirIndex[w.Depth];
+    d = g.DirTable[kind + 4][w.DirIndex[w.Depth]];
+    if (d != EndOfList) goto TryDirection;
+    // The directions of this level are exhausted.
+    w.DirIndex[w.Depth] = -1;
+    --w.Depth;
+    if (w.Depth < 0) return;
+    if (w.Path.Length == 0) {
+      w.Here = cell;
+    } else {
+      if (!w.LastPath.StartsWith(w.Path) || R::MulJumps(g) == 0 || (R::LongKings(g) == 1 && w.Returned == 0))
+        RecordLine(false);
+      TakeBackJump(true);
+    }
+    g.Board[w.Here] = piece;
+    if (slide == 0 || R::KingFirst(g) == 1) goto NextDirection;
+    d = g.DirTable[kind + 4][w.DirIndex[w.Depth]];  // same direction, next landing
+
+  TryDirection:
+    ++w.LandStep[w.Depth];
+    origin = w.Here;
+    if (slide == 1) {
+      for (int k = 1;; ++k) {
+        w.Here += d;
+        const int c = g.Board[w.Here];
+        if (c == OffBoard || (R::RemovePieces(g) == 1 && c < MarkedRemovedBelow)) {
+          w.Here = origin;
+          w.LandStep[w.Depth] = 0;
+          goto NextDirection;
+        }
+        if (c != 0 && c >= MarkedBelow &&
+            (w.Depth == 0 || d != -w.StepOffset[w.Depth - 1] || R::CapReverse(g) == 1)) {
+          w.JumpDist[w.Depth] = k;
+          break;
+        }
+      }
+    } else {
+      w.Here += d;
+      const int c = g.Board[w.Here];
+      if (c == 0 || c == OffBoard || (R::RemovePieces(g) == 1 && c < MarkedRemovedBelow)) {
+        w.Here = origin;  // LandStep stays as it is
+        goto NextDirection;
+      }
+    }
+    landing = (slide == 0 || R::KingFirst(g) == 1) ? w.Here + d : w.Here + w.LandStep[w.Depth] * d;
+    if (!Capturable(landing, g.Board[w.Here])) {
+      if (slide == 0 || R::KingFirst(g) == 1) {
+        w.Here = origin;
+        goto NextDirection;
+      }
+      const int c = g.Board[landing];
+      if ((c == 0 || c < MarkedBelow) && !(R::RemovePieces(g) == 1 && c < MarkedRemovedBelow)) {
+        w.Here = origin;  // a long jumper looks further along the line
+        goto TryDirection;
+      }
+      w.LandStep[w.Depth] = 0;
+      w.Here = origin;
+      goto NextDirection;
+    }
+
+    // Make the jump.
+    if (R::LastCap(g) == 1 && w.Depth == 0 && (g.Ply == 0 || g.LastCapAnyPly == 1) &&
+        w.Here == g.Record.LastToByMove[g.HalfMoveCount]) {
+      ++w.RecaptureCount;
+      w.RecaptureList[w.RecaptureCount] = w.CandCount;
+    }
+    w.Returned = 0;
+    w.StepOffset[w.Depth] = d;
+    w.Path.Append(std::abs(g.Board[w.Here]), w.Here);
+    w.TracePeak = std::max(w.TracePeak, w.Path.Length);
+    g.Board[w.Here] -= 10;
+    g.Board[origin] = 0;
+    g.Board[landing] = piece;
+    w.Here = landing;
+    w.Arrived = 0;
+    if (kind < KindWhiteKing && IsPromo(side == 1 ? 0 : 1, w.Here)) w.Arrived = 1;
+    if (R::ManContJumpCrowned(g) == 1 && w.Arrived == 1 && w.Crowned == 0) {
+      w.Crowned = 1;
+      w.CrownCell = w.Here;
+      w.CrownDepth = w.Depth;
+      piece = 2 * side;
+      g.Board[w.Here] = piece;
+      kind = side == 1 ? KindWhiteKing : KindBlackKing;
+      slide = 1;  // from here on it jumps as a long king
+    }
+    if (R::ManContJump(g) != 0 || w.Arrived != 1) goto EnterLevel;
+
+    // The man stops on the promotion square and is crowned.
+    RecordLine(true);
+    w.LastPath = w.Path;
+    TakeBackJump(false);
+    g.Board[w.Here] = piece;
+    if (slide == 1) goto TryDirection;
+    goto NextDirection;
+  }
+
+  // The comparison of capture sets: a line that takes the same pieces from
+  // the same start to the same end as one already kept is the same move.
+  bool DuplicateCaptureSet(PathText& sorted) {
+    if (R::MaxCapMove(g) == 1 && w.Path.Length < w.LongestLen) return true;
+    sorted = w.Path;
+    const int groups = sorted.Groups();
+    for (int i = 0; i < groups; ++i)
+      for (int j = i + 1; j < groups; ++j)
+        if (sorted.CellAt(i) > sorted.CellAt(j))
+          for (int k = 0; k < 3; ++k) std::swap(sorted.Text[3 * i + k], sorted.Text[3 * j + k]);
+    for (w.SharedCounter = 0; w.SharedCounter < w.CandCount; ++w.SharedCounter) {
+      const int r = w.SharedCounter;
+      if (w.CandidateKeys[r] == sorted && w.Candidates[r].From == cell && w.Candidates[r].To == w.Here) return true;
+    }
+    return false;
+  }
+
+  void RecordLine(bool crownStop) {
+    PathText sorted;
+    bool useSorted = false;
+    if (!crownStop && R::CompareCaptureSets(g) == 1) {
+      if (DuplicateCaptureSet(sorted)) return;
+      useSorted = true;
+    }
+    const int crown = crownStop ? 1 : (R::ManContJump(g) == 1 && (w.Arrived == 1 || w.Crowned == 1)) ? 1 : 0;
+    const int length = w.Path.Length;
+    int kings = 0;
+    for (int i = 0; i < length; i += 3)
+      if (w.Path.Text[i] == '2') ++kings;
+    w.MostKings[length] = std::max(w.MostKings[length], kings);
+    w.LongestKeyUsed = std::max(w.LongestKeyUsed, length);
+    if (R::Filter == CaptureFilter::PushAtOnce) {
+      if (crown) PushCrowning(g, cell, w.Here, w.Path, v);
+      else PushCapture(g, cell, w.Here, w.Path, v);
+    } else {
+      CaptureCandidate& row = w.Candidates[w.CandCount];
+      row.From = cell;
+      row.To = w.Here;
+      row.Crown = crown;
+      row.KingsTaken = kings;
+      row.Piece = v;
+      row.Peak = w.TracePeak;
+      w.CandidateKeys[w.CandCount] = useSorted ? sorted : w.Path;
+    }
+    w.BestMover = side == 1 ? std::max(w.BestMover, v) : std::min(w.BestMover, v);
+    ++w.CandCount;
+    w.LongestLen = std::max(w.LongestLen, length);
+    w.LongestOf[std::abs(v)] = std::max(w.LongestOf[std::abs(v)], length);
+    w.LastPath = w.Path;
+  }
+
+  void PushCandidate(int i) {
+    const CaptureCandidate& row = w.Candidates[i];
+    if (row.Crown != 0) PushCrowning(g, row.From, row.To, w.CandidateKeys[i], row.Piece);
+    else PushCapture(g, row.From, row.To, w.CandidateKeys[i], row.Piece);
+  }
+
+  // Returns true for the probe when a candidate survives.
+  bool FilterCandidates(int includeQuiet, int startTop) {
+    if constexpr (R::Filter == CaptureFilter::PushAtOnce) {
+      return false;
+    } else if constexpr (R::Filter == CaptureFilter::ShortMaxCap) {
+      if (std::abs(w.BestMover) == 2) w.LongestLen = w.LongestOf[2];
+      for (int i = 0; i < w.CandCount; ++i) {
+        const CaptureCandidate& row = w.Candidates[i];
+        if (w.CandidateKeys[i].Length == w.LongestLen && row.KingsTaken == w.MostKings[w.LongestLen] &&
+            row.Piece == w.BestMover)
+          PushCandidate(i);
+      }
+      return false;
+    } else if constexpr (R::Filter == CaptureFilter::LongKingPeak || R::Filter == CaptureFilter::KingPeakOnly) {
+      for (int i = 0; i < w.CandCount; ++i) {
+        const CaptureCandidate& row = w.Candidates[i];
+        const int length = w.CandidateKeys[i].Length;
+        if (std::abs(row.Piece) == 2 && length != row.Peak) continue;
+        if (R::Filter == CaptureFilter::LongKingPeak && length != w.LongestLen) continue;
+        PushCandidate(i);
+      }
+      return false;
+    } else {
+      return GeneralFilter(includeQuiet, startTop);
+    }
+  }
+
+  bool GeneralFilter(int includeQuiet, int startTop) {
+    const int maxCap = R::MaxCapMove(g), maxKings = R::MaxCapMoveKings(g), kingCap = R::KingCapMove(g);
+    if (!R::Probe && R::LastCap(g) == 1 && includeQuiet == 0 && w.RecaptureCount >= 1 && R::CapRequired(g) == 0)
+      g.MoveTop = startTop;  // taking the piece that just moved is compulsory even where captures are not
+    int bestMover = w.BestMover;
+    if (std::abs(bestMover) == 2) {
+      if (w.LongestOf[1] == w.LongestOf[2] && kingCap == 1) {
+        w.LongestLen = w.LongestOf[2];
+      } else if (w.LongestOf[1] > w.LongestOf[2] && maxCap == 1 && !R::Probe) {
+        bestMover = 1;  // plus one for either colour, as it always was
+      }
+      // The probe keeps the king as the best mover and measures by its lines.
+      if (R::Probe && kingCap == 1) w.LongestLen = w.LongestOf[2];
+    }
+    w.BestMover = bestMover;
+    const bool dropShortKingLines = R::LongKings(g) == 1 && R::MaxCapMoveK(g) == 1 && R::MulJumps(g) == 1;
+    for (int i = 0; i < w.CandCount; ++i) {
+      PathText& key = w.CandidateKeys[i];
+      const CaptureCandidate& row = w.Candidates[i];
+      if (R::MulJumps(g) == 0)
+        for (int j = i + 1; j < w.CandCount; ++j) {
+          const CaptureCandidate& other = w.Candidates[j];
+          if (w.CandidateKeys[j] == key && other.From == row.From && other.To == row.To &&
+              other.Crown == row.Crown && other.KingsTaken == row.KingsTaken && other.Piece == row.Piece)
+            w.CandidateKeys[j].Clear();
+        }
+      if (dropShortKingLines && std::abs(row.Piece) == 2 && key.Length != row.Peak) key.Clear();
+      if (R::LastCap(g) == 1 && w.RecaptureCount >= 1) {
+        bool listed = false;
+        for (int k = 1; k <= w.RecaptureCount; ++k)
+          if (w.RecaptureList[k] == i) listed = true;
+        if (!listed) key.Clear();
+      }
+      if (key.Length == 0) continue;
+      if (key.Length != w.LongestLen && maxCap != 0) continue;
+      if (!(maxCap == 1 && w.MostKings[w.LongestLen] == row.KingsTaken) && maxCap != 0 && maxKings != 0) continue;
+      if (!(bestMover == row.Piece || kingCap == 0 || (kingCap == 1 && maxKings == 1))) continue;
+      if (R::Probe) return true;
+      PushCandidate(i);
+    }
+    return false;
+  }
+};
+
+}  // namespace qv
