@@ -55,5 +55,6 @@ void PrepareGame(CliContext& context);
 int RunShow(CliContext& context);
 int RunMoves(CliContext& context);
 int RunPerft(CliContext& context);
+int RunVariants(CliContext& context);
 
 }  // namespace qv::cli

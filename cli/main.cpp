@@ -19,6 +19,7 @@ constexpr CommandEntry Commands[] = {
     {"show", qv::cli::RunShow},
     {"moves", qv::cli::RunMoves},
     {"perft", qv::cli::RunPerft},
+    {"variants", qv::cli::RunVariants},
 };
 
 }  // namespace
@@ -39,10 +40,13 @@ int main(int argc, char** argv) {
     return 2;
   }
   auto game = std::make_unique<qv::Game>();
-  if (options.variant) game->DataFolder = qv::FindDataFolder(qv::ExecutableFolder(argv[0]));
+  // Without --variant the built-in American rules stand and no file is read.
+  const std::filesystem::path dataFolder = qv::FindDataFolder(qv::ExecutableFolder(argv[0]));
+  if (options.variant) game->DataFolder = dataFolder;
   qv::cli::CliContext context{*game, options, std::cout, std::cerr};
   try {
     qv::cli::PrepareGame(context);
+    game->DataFolder = dataFolder;
     return run(context);
   } catch (const qv::cli::UsageError& e) {
     std::cerr << "quorvanis-cli: " << e.message << "\n" << qv::cli::UsageText();

@@ -39,7 +39,8 @@ std::string UsageText() {
          "  show                    print the position, its setup text and the rule set\n"
          "  moves [--json]          list the legal moves in generation order\n"
          "  perft N [--divide] [--general]\n"
-         "                          count the leaves of the move tree to depth N\n";
+         "                          count the leaves of the move tree to depth N\n"
+         "  variants                list the classic and the user variants with their search flavour\n";
 }
 
 CliOptions ParseOptions(int argc, char** argv) {

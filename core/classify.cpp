@@ -21,8 +21,9 @@ struct FastRuleSet {
   std::array<int, 4> white, black;
 };
 
-// American; Italian; Russian-style long kings; Brazilian-style long kings that
-// crown in passing.
+// American; Italian; long kings with majority capture, a man passing the far
+// row uncrowned (Brazilian, International); long kings crowned in passing with
+// the three-kings draw (Russian).
 constexpr FastRuleSet FastRuleSets[] = {
     {1, MenForward, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 1, {92, 94, 96, 98}, {21, 23, 25, 27}},
     {2, MenForward, 0, 1, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0, {91, 93, 95, 97}, {22, 24, 26, 28}},
