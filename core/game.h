@@ -147,6 +147,9 @@ struct Game {
   std::string GameNote;
   int PreviewPending = 0;
   int TouchedCell = 0;
+  // The square and piece the player marked with "Priority"; the evaluation favours it.
+  int FocusSquare = 0;
+  int FocusPiece = 0;
   std::string FirstPlayerName = "Player";
   std::string SecondPlayerName = "Computer";
 

@@ -1,22 +1,39 @@
 #pragma once
+// The 8 x 8 board with its notation labels. It paints the board view of the
+// screen model and turns mouse events into the press / move / release events
+// of move entry, in twips relative to the square pressed.
 #include <QWidget>
 
-#include "core/game.h"
+#include "interaction/session.h"
 
 namespace qv::gui {
 
-// Paints the 64 squares of a game's Board with its pieces.
 class BoardWidget : public QWidget {
   Q_OBJECT
  public:
-  explicit BoardWidget(const Game& game, QWidget* parent = nullptr);
-  QSize sizeHint() const override { return {480, 480}; }
+  explicit BoardWidget(Session& session, QWidget* parent = nullptr);
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+  // Size of a square and the margin for the labels, in pixels.
+  double SquarePixels() const;
+  QPointF BoardOrigin() const;
+  // The centre of a SquareView cell, in widget coordinates.
+  QPoint SquareCentre(int index) const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
 
  private:
-  const Game& game_;
+  int IndexAt(QPointF pos) const;  // -1 outside the grid
+  QPoint TwipsFrom(int index, QPointF pos) const;
+
+  Session& session_;
+  int pressedIndex_ = -1;  // the square that holds the mouse while a button is down
 };
 
 }  // namespace qv::gui

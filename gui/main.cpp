@@ -1,33 +1,32 @@
 // quorvanis: the desktop program.
-#include <QApplication>
-#include <QMessageBox>
 #include <cstdio>
 #include <memory>
 
 #include "core/fatal.h"
 #include "core/newgame.h"
 #include "files/paths.h"
+#include "gui/application.h"
 #include "gui/mainwindow.h"
 #include "gui/variantsdialog.h"
 
 int main(int argc, char** argv) {
-  QApplication app(argc, argv);
+  qv::gui::Application app(argc, argv);
   auto game = std::make_unique<qv::Game>();
+  game->DataFolder = qv::FindDataFolder(qv::ExecutableFolder(argv[0]));
   try {
-    game->DataFolder = qv::FindDataFolder(qv::ExecutableFolder(argv[0]));
-    qv::NewGame(*game);
+    // --variants-dialog: the Variants dialog alone, as "New Variant..." opens
+    // it; prints the variant label and the number of legal moves of the new game.
+    if (app.arguments().contains("--variants-dialog")) {
+      qv::NewGame(*game);
+      const bool accepted = qv::gui::RunVariantsDialog(nullptr, *game);
+      std::printf("%s: %d legal moves\n", game->VariantLabel.c_str(), game->PlyBase[1] - game->PlyBase[0]);
+      return accepted ? 0 : 2;
+    }
+    qv::gui::MainWindow window(std::move(game));
+    window.show();
+    return app.exec();
   } catch (const qv::FatalError& e) {
-    QMessageBox::warning(nullptr, "Error", QString::fromStdString(e.what()));
+    qv::gui::ReportFatal(e.what());
     return 1;
   }
-  // --variants-dialog: the Variants dialog alone, as "New Variant..." opens it.
-  // It prints the variant label and the number of legal moves of the new game.
-  if (app.arguments().contains("--variants-dialog")) {
-    const bool accepted = qv::gui::RunVariantsDialog(nullptr, *game);
-    std::printf("%s: %d legal moves\n", game->VariantLabel.c_str(), game->PlyBase[1] - game->PlyBase[0]);
-    return accepted ? 0 : 2;
-  }
-  qv::gui::MainWindow window(std::move(game));
-  window.show();
-  return app.exec();
 }

@@ -1,18 +1,483 @@
 #include "gui/mainwindow.h"
 
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QCursor>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
 #include <QStatusBar>
+#include <QThread>
+#include <QTimer>
+#include <QToolBar>
+#include <QVBoxLayout>
 
+#include "core/fatal.h"
+#include "gui/application.h"
 #include "gui/boardwidget.h"
+#include "gui/pictureset.h"
+#include "gui/sound.h"
+#include "gui/toolicons.h"
+#include "interaction/commands.h"
+#include "interaction/engine_calls.h"
+#include "interaction/movelist.h"
 
 namespace qv::gui {
 
-MainWindow::MainWindow(std::unique_ptr<Game> game, QWidget* parent) : QMainWindow(parent), game_(std::move(game)) {
-  setWindowTitle("Quorvanis 1.58");
-  board_ = new BoardWidget(*game_, this);
-  setCentralWidget(board_);
-  statusBar()->showMessage(game_->SideToMove == 1 ? "White moves" : "Black moves");
+namespace {
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+QListWidget* MakeList(int width) {
+  auto* list = new QListWidget;
+  list->setMinimumWidth(width);
+  list->setFont(QFont("monospace"));
+  list->setSelectionMode(QAbstractItemView::SingleSelection);
+  return list;
+}
+}  // namespace
+
+MainWindow::MainWindow(std::unique_ptr<Game> game, QWidget* parent)
+    : QMainWindow(parent), game_(std::move(game)), session_{*game_, screen_, *this} {
+  sound_ = new SoundPlayer(this);
+  screen_.TwipsPerPixel = logicalDpiX() >= 120 ? 12 : 15;
+  progressTimer_ = new QTimer(this);
+  progressTimer_->setInterval(100);
+  connect(progressTimer_, &QTimer::timeout, this, [this] {
+    // Until the search reports its own progress the bar runs round.
+    progress_->setValue((progress_->value() + 5) % (progress_->maximum() + 1));
+  });
+  BuildPanels();
+  BuildMenus();
+  StartUp(session_);
+  Sync();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+  if (worker_) {
+    game_->StopRequest = 1;
+    while (!worker_->wait(10)) QCoreApplication::processEvents();
+  }
+}
+
+QAction* MainWindow::AddCommand(QMenu* menu, Command c, const QString& text, std::function<void()> run, bool checkable) {
+  auto* action = new QAction(text, this);
+  action->setCheckable(checkable);
+  connect(action, &QAction::triggered, this, [this, run] {
+    run();
+    Sync();
+  });
+  menu->addAction(action);
+  actions_[c] = action;
+  return action;
+}
+
+void MainWindow::BuildMenus() {
+  Session& s = session_;
+  QMenu* gameMenu = menuBar()->addMenu("&Game");
+  AddCommand(gameMenu, Command::NewGame, "New Game", [&s] { NewGameCommand(s, 0); })->setShortcut(QKeySequence::New);
+  gameMenu->addSeparator();
+  AddCommand(gameMenu, Command::Exit, "Exit", [this] { close(); });
+
+  QMenu* playMenu = menuBar()->addMenu("&Play");
+  AddCommand(playMenu, Command::Compute, "Compute", [&s] { StartComputerMove(s); })->setShortcut(Qt::Key_F5);
+  AddCommand(playMenu, Command::Cancel, "Cancel", [&s] { CancelCommand(s); })->setShortcut(Qt::Key_Escape);
+  playMenu->addSeparator();
+  AddCommand(playMenu, Command::OfferDraw, "Offer draw", [&s] { DrawOffer(s); });
+  AddCommand(playMenu, Command::Resign, "Resign", [&s] { ResignGame(s); });
+  playMenu->addSeparator();
+  AddCommand(playMenu, Command::PlayerComputer, "Player-Computer", [&s] { SetPlayerComputer(s); }, true);
+  AddCommand(playMenu, Command::PlayerPlayer, "Player-Player", [&s] { SetPlayerPlayer(s); }, true);
+  AddCommand(playMenu, Command::ComputerComputer, "Computer-Computer", [&s] { RunComputerComputer(s); }, true);
+
+  QMenu* moveMenu = menuBar()->addMenu("&Move");
+  AddCommand(moveMenu, Command::First, "First", [&s] { FirstCommand(s); })->setShortcut(Qt::CTRL | Qt::Key_Home);
+  AddCommand(moveMenu, Command::Back, "Back", [&s] { BackCommand(s); })->setShortcut(Qt::CTRL | Qt::Key_Left);
+  AddCommand(moveMenu, Command::Forward, "Forward", [&s] { ForwardCommand(s); })->setShortcut(Qt::CTRL | Qt::Key_Right);
+  AddCommand(moveMenu, Command::Last, "Last", [&s] { LastCommand(s); })->setShortcut(Qt::CTRL | Qt::Key_End);
+
+  boardMenu_ = menuBar()->addMenu("&Board");
+  AddCommand(boardMenu_, Command::TurnBoard, "Turn Board", [&s] { TurnBoardCommand(s); });
+  QMenu* notation = boardMenu_->addMenu("Notation");
+  AddCommand(notation, Command::NotationNone, "None", [&s] { SetNotation(s, 2); }, true);
+  AddCommand(notation, Command::NotationAlgebraic, "Algebraic", [&s] { SetNotation(s, 0); }, true);
+  AddCommand(notation, Command::NotationNumeric, "Numeric", [&s] { SetNotation(s, 1); }, true);
+  QMenu* pictures = boardMenu_->addMenu("Picture Set");
+  auto* pictureGroup = new QActionGroup(this);
+  for (const char* name : {"Classic Small", "Classic Medium", "Classic Big"}) {
+    QAction* a = pictures->addAction(name);
+    a->setCheckable(true);
+    a->setChecked(game_->Settings.SkinName == name);
+    pictureGroup->addAction(a);
+    connect(a, &QAction::triggered, this, [this, name] {
+      SelectSkin(session_, name);
+      Sync();
+    });
+  }
+
+  QMenu* viewMenu = menuBar()->addMenu("&View");
+  AddCommand(viewMenu, Command::Calculation, "Calculation", [&s] { ToggleCalculation(s); }, true);
+  AddCommand(viewMenu, Command::UseSound, "Use Sound", [&s] { ToggleUseSound(s); }, true);
+
+  QToolBar* bar = addToolBar("Toolbar1");
+  bar->setObjectName("Toolbar1");
+  bar->setIconSize(QSize(24, 24));
+  bar->setMovable(false);
+  auto button = [&](Command c, const QString& text) {
+    QAction* a = actions_[c];
+    a->setIcon(CommandIcon(c));
+    a->setToolTip(text);
+    bar->addAction(a);
+  };
+  button(Command::NewGame, "New Game");
+  bar->addSeparator();
+  button(Command::Compute, "Compute");
+  button(Command::Cancel, "Cancel");
+  bar->addSeparator();
+  button(Command::First, "First");
+  button(Command::Back, "Back");
+  button(Command::Forward, "Forward");
+  button(Command::Last, "Last");
+  bar->addSeparator();
+  button(Command::OfferDraw, "Offer draw");
+  button(Command::Resign, "Resign");
+  bar->addSeparator();
+  button(Command::PlayerComputer, "Player-Computer");
+  button(Command::PlayerPlayer, "Player-Player");
+  button(Command::ComputerComputer, "Computer-Computer");
+  bar->addSeparator();
+  button(Command::TurnBoard, "Turn Board");
+}
+
+void MainWindow::BuildPanels() {
+  auto* central = new QWidget;
+  auto* outer = new QHBoxLayout(central);
+  board_ = new BoardWidget(session_);
+  auto* boardColumn = new QVBoxLayout;
+  boardColumn->addWidget(board_);
+  boardColumn->addStretch();
+  outer->addLayout(boardColumn);
+
+  auto* side = new QVBoxLayout;
+  outer->addLayout(side, 1);
+  for (int i : {1, 2, 3, 4, 5, 6, 8, 9, 12, 14}) label_[i] = new QLabel;
+
+  // The two sides: colour, player's name and pieces on the board.
+  auto* players = new QGroupBox;
+  auto* grid = new QGridLayout(players);
+  grid->addWidget(label_[3], 0, 0);
+  grid->addWidget(label_[1], 0, 1);
+  grid->addWidget(label_[5], 0, 2);
+  grid->addWidget(label_[4], 1, 0);
+  grid->addWidget(label_[2], 1, 1);
+  grid->addWidget(label_[6], 1, 2);
+  grid->setColumnStretch(1, 1);
+  for (int i : {1, 2}) {
+    label_[i]->setAutoFillBackground(true);
+    label_[i]->setMargin(3);
+    QFont f = label_[i]->font();
+    f.setBold(true);
+    label_[i]->setFont(f);
+  }
+  for (int i : {5, 6}) label_[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  side->addWidget(players);
+
+  extraPieces_ = new QWidget;
+  auto* extra = new QHBoxLayout(extraPieces_);
+  extra->setContentsMargins(0, 0, 0, 0);
+  label_[11] = new QLabel("Extra Pieces:");
+  label_[13] = new QLabel("Black");
+  auto* whiteCaption = new QLabel("White");
+  extra->addWidget(label_[11]);
+  extra->addWidget(label_[13]);
+  extra->addWidget(label_[12]);
+  extra->addWidget(whiteCaption);
+  extra->addWidget(label_[14]);
+  extra->addStretch();
+  side->addWidget(extraPieces_);
+
+  label_[8]->setAlignment(Qt::AlignCenter);
+  QFont variantFont = label_[8]->font();
+  variantFont.setBold(true);
+  label_[8]->setFont(variantFont);
+  side->addWidget(label_[8]);
+
+  auto* lists = new QHBoxLayout;
+  auto column = [&](const QString& caption, QListWidget* list) {
+    auto* box = new QVBoxLayout;
+    box->addWidget(new QLabel(caption));
+    box->addWidget(list);
+    lists->addLayout(box);
+  };
+  list1_ = MakeList(150);
+  list2_ = MakeList(80);
+  list3_ = MakeList(90);
+  column("Game", list1_);
+  column("Moves", list2_);
+  column("Analysis", list3_);
+  side->addLayout(lists, 1);
+
+  text1_ = new QPlainTextEdit;
+  text1_->setPlaceholderText("Comment");
+  text1_->setFixedHeight(48);
+  side->addWidget(text1_);
+
+  auto* entry = new QHBoxLayout;
+  text2_ = new QLineEdit;
+  text2_->setPlaceholderText("Type a move, such as c3-d4");
+  moveButton_ = new QPushButton("Move");
+  entry->addWidget(text2_, 1);
+  entry->addWidget(moveButton_);
+  side->addLayout(entry);
+
+  label_[9]->setWordWrap(true);
+  label_[9]->setFrameShape(QFrame::StyledPanel);
+  label_[9]->setMinimumHeight(56);
+  label_[9]->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  label_[9]->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  side->addWidget(label_[9]);
+  setCentralWidget(central);
+
+  statusPanel_ = new QLabel;
+  strengthPanel_ = new QLabel;
+  productPanel_ = new QLabel;
+  progress_ = new QProgressBar;
+  progress_->setMaximumWidth(160);
+  progress_->setTextVisible(false);
+  statusBar()->addWidget(statusPanel_, 1);
+  statusBar()->addPermanentWidget(strengthPanel_);
+  statusBar()->addPermanentWidget(progress_);
+  statusBar()->addPermanentWidget(productPanel_);
+
+  connect(list1_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    ClickGameList(session_, list1_->row(item));
+    Sync();
+  });
+  connect(list1_, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) {
+    ClickGameList(session_, list1_->row(item));
+    Sync();
+  });
+  connect(list2_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    ClickLegalMove(session_, list2_->row(item));
+    Sync();
+  });
+  auto typed = [this] {
+    screen_.Text2 = text2_->text().toStdString();
+    EnterTypedMove(session_);
+    Sync();
+  };
+  connect(text2_, &QLineEdit::returnPressed, this, typed);
+  connect(moveButton_, &QPushButton::clicked, this, typed);
+  connect(text1_, &QPlainTextEdit::textChanged, this, [this] {
+    if (syncing_ || screen_.Busy == 1) return;
+    screen_.Text1 = text1_->toPlainText().toStdString();
+    game_->Record.CommentTable[game_->HalfMoveCount] = screen_.Text1;
+  });
+}
+
+void MainWindow::SyncList(QListWidget* list, const std::vector<std::string>& rows, int enabled) {
+  bool same = list->count() == static_cast<int>(rows.size());
+  for (int i = 0; same && i < list->count(); ++i) same = list->item(i)->text() == Q(rows[i]);
+  if (!same) {
+    list->clear();
+    for (const std::string& row : rows) list->addItem(Q(row));
+  }
+  list->setEnabled(enabled != 0);
+}
+
+void MainWindow::Sync() {
+  syncing_ = true;
+  const Screen& sc = screen_;
+  const BoardView& v = sc.View;
+  setWindowTitle(Q(sc.Title));
+  if (shownSkin_ != game_->Settings.SkinKind) {
+    shownSkin_ = game_->Settings.SkinKind;
+    board_->updateGeometry();
+    board_->setFixedSize(board_->sizeHint());
+    // The window takes the size of the new board once the layout has settled.
+    QTimer::singleShot(0, this, [this] { resize(minimumSizeHint()); });
+  }
+  board_->update();
+
+  label_[1]->setText(Q(v.Label1));
+  label_[2]->setText(Q(v.Label2));
+  label_[3]->setText(Q(v.Label3));
+  label_[4]->setText(Q(v.Label4));
+  label_[5]->setText(Q(v.Label5));
+  label_[6]->setText(Q(v.Label6));
+  label_[12]->setText(Q(v.Label12));
+  label_[14]->setText(Q(v.Label14));
+  extraPieces_->setVisible(v.ExtraPiecesShown != 0);
+  label_[8]->setText(Q(game_->VariantLabel));
+  // The side to move is written white on red, the other red on white.
+  for (int i : {1, 2}) {
+    const bool toMove = (i == 1) == (v.Label1ToMove == 1);
+    QPalette pal = label_[i]->palette();
+    pal.setColor(QPalette::Window, toMove ? QColor(200, 30, 30) : Qt::white);
+    pal.setColor(QPalette::WindowText, toMove ? Qt::white : QColor(200, 30, 30));
+    label_[i]->setPalette(pal);
+  }
+  label_[9]->setText(Q(sc.Label9));
+
+  SyncList(list1_, sc.List1, sc[Command::List1].Enabled);
+  if (sc.List1Selected >= 0 && sc.List1Selected < list1_->count()) {
+    list1_->setCurrentRow(sc.List1Selected);
+    list1_->scrollToItem(list1_->item(sc.List1Selected));
+  } else {
+    list1_->clearSelection();
+    list1_->setCurrentRow(-1);
+  }
+  SyncList(list2_, sc.List2, sc[Command::List2].Enabled);
+  SyncList(list3_, sc.List3, sc[Command::List3].Enabled);
+  if (text1_->toPlainText() != Q(sc.Text1)) text1_->setPlainText(Q(sc.Text1));
+  if (text2_->text() != Q(sc.Text2)) text2_->setText(Q(sc.Text2));
+  text2_->setEnabled(sc[Command::Text2].Enabled != 0);
+  moveButton_->setEnabled(sc[Command::Text2].Enabled != 0);
+
+  statusPanel_->setText(Q(sc.StatusText));
+  strengthPanel_->setText(Q(sc.StrengthText));
+  productPanel_->setText(Q(sc.ProductText));
+  if (!progressTimer_->isActive()) {
+    progress_->setMaximum(std::max(1, sc.ProgressMax));
+    progress_->setValue(std::min(sc.ProgressValue, sc.ProgressMax));
+  }
+
+  for (auto& [command, action] : actions_) {
+    action->setEnabled(sc[command].Enabled != 0);
+    if (action->isCheckable()) action->setChecked(sc[command].Checked != 0);
+  }
+  boardMenu_->setEnabled(sc[Command::BoardMenu].Enabled != 0);
+  syncing_ = false;
+}
+
+void MainWindow::ShowMessage(const std::string& text, const std::string& caption, BoxIcon icon) {
+  if (messageHook_) {
+    messageHook_(text, caption);
+    return;
+  }
+  Sync();
+  QMessageBox::Icon qicon = QMessageBox::NoIcon;
+  switch (icon) {
+    case BoxIcon::Exclamation:
+    case BoxIcon::Warning: qicon = QMessageBox::Warning; break;
+    case BoxIcon::Question: qicon = QMessageBox::Question; break;
+    case BoxIcon::Information: qicon = QMessageBox::Information; break;
+    case BoxIcon::None: break;
+  }
+  QMessageBox box(qicon, Q(caption), Q(text), QMessageBox::Ok, this);
+  box.exec();
+}
+
+bool MainWindow::AskYesNo(const std::string& text, const std::string& caption) {
+  if (messageHook_) {
+    messageHook_(text, caption);
+    return true;
+  }
+  Sync();
+  return QMessageBox::question(this, Q(caption), Q(text), QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+void MainWindow::PlaySound(const std::filesystem::path& file) { sound_->Play(QString::fromStdString(file.string())); }
+
+void MainWindow::SetPointer(ImageRole icon) {
+  if (icon == ImageRole::None) {
+    board_->unsetCursor();
+    return;
+  }
+  const QPixmap pixmap = CarryPixmap(icon, devicePixelRatioF());
+  board_->setCursor(QCursor(pixmap, 19, 19));
+}
+
+PopupItem MainWindow::RunSetupPopup(const PopupChecks& checks) {
+  QMenu menu(this);
+  std::map<QAction*, PopupItem> items;
+  auto add = [&](const char* text, PopupItem item, bool checked) {
+    QAction* a = menu.addAction(text);
+    a->setCheckable(item != PopupItem::ClearBoard);
+    a->setChecked(checked);
+    items[a] = item;
+  };
+  add("Clear Board", PopupItem::ClearBoard, false);
+  menu.addSeparator();
+  for (auto [text, item] : {std::pair{"Empty", PopupItem::Empty}, {"Black Checker", PopupItem::BlackChecker},
+                            {"Black King", PopupItem::BlackKing}, {"White Checker", PopupItem::WhiteChecker},
+                            {"White King", PopupItem::WhiteKing}})
+    add(text, item, checks.piece == item);
+  menu.addSeparator();
+  add("Black moves", PopupItem::BlackMoves, checks.blackMoves != 0);
+  add("White moves", PopupItem::WhiteMoves, checks.whiteMoves != 0);
+  menu.addSeparator();
+  add("Priority", PopupItem::Priority, checks.priority != 0);
+  QAction* chosen = menu.exec(QCursor::pos());
+  return chosen ? items[chosen] : PopupItem::None;
+}
+
+void MainWindow::Changed(unsigned) {
+  if (!syncing_) Sync();
+}
+
+void MainWindow::StartComputerTurn(TurnReason reason) {
+  turnReason_ = reason;
+  progress_->setMaximum(100);
+  progress_->setValue(0);
+  progressTimer_->start();
+  Sync();
+  Game& g = *game_;
+  const double pause = screen_.ComputerPause;
+  // The worker owns the game until it ends. It hands each move it makes to
+  // this thread and waits while the lists and the board are brought up to date.
+  workerError_.clear();
+  worker_ = QThread::create([this, &g, reason, pause] {
+    try {
+      RunComputerJob(g, reason, pause, [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { EnterComputerMove(session_); }, Qt::BlockingQueuedConnection);
+      });
+    } catch (const FatalError& e) {
+      workerError_ = e.what();
+    }
+  });
+  connect(worker_, &QThread::finished, this, &MainWindow::TurnFinished);
+  worker_->start();
+}
+
+void MainWindow::TurnFinished() {
+  worker_->deleteLater();
+  worker_ = nullptr;
+  progressTimer_->stop();
+  if (!workerError_.empty()) {
+    ReportFatal(workerError_.c_str());
+    return;
+  }
+  ComputerTurnFinished(session_, turnReason_);
+  Sync();
+  if (closePending_) close();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (worker_) {
+    // Stop the search first; the window closes when the worker has ended.
+    closePending_ = true;
+    game_->StopRequest = 1;
+    event->ignore();
+    return;
+  }
+  if (!closePending_ && !ConfirmClose(session_)) {
+    event->ignore();
+    return;
+  }
+  event->accept();
+}
 
 }  // namespace qv::gui

@@ -1,24 +1,98 @@
 #pragma once
+// The main window: menu bar, toolbar, the board, the lists and texts beside
+// it, the status bar and progress bar. It is the window layer of the
+// interaction code and runs the computer's turns on a worker thread.
 #include <QMainWindow>
+#include <functional>
+#include <map>
 #include <memory>
 
-#include "core/game.h"
+#include "interaction/session.h"
+
+class QAction;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPlainTextEdit;
+class QProgressBar;
+class QPushButton;
+class QThread;
+class QTimer;
+class QWidget;
 
 namespace qv::gui {
 
 class BoardWidget;
+class SoundPlayer;
 
-class MainWindow : public QMainWindow {
+class MainWindow : public QMainWindow, public WindowLayer {
   Q_OBJECT
  public:
   explicit MainWindow(std::unique_ptr<Game> game, QWidget* parent = nullptr);
   ~MainWindow() override;
 
   Game& game() { return *game_; }
+  Screen& screen() { return screen_; }
+  Session& session() { return session_; }
+  BoardWidget* board() { return board_; }
+  QAction* action(Command c) { return actions_.count(c) ? actions_[c] : nullptr; }
+  bool ComputerThinking() const { return worker_ != nullptr; }
+
+  // Boxes and questions go to `hook` instead of modal dialogs (questions are
+  // answered Yes): for tests that drive the window.
+  void DivertMessages(std::function<void(const std::string& text, const std::string& caption)> hook) {
+    messageHook_ = std::move(hook);
+  }
+
+  // WindowLayer
+  void ShowMessage(const std::string& text, const std::string& caption, BoxIcon icon) override;
+  bool AskYesNo(const std::string& text, const std::string& caption) override;
+  void PlaySound(const std::filesystem::path& file) override;
+  void SetPointer(ImageRole icon) override;
+  PopupItem RunSetupPopup(const PopupChecks& checks) override;
+  void Changed(unsigned parts) override;
+  void StartComputerTurn(TurnReason reason) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
 
  private:
+  void BuildMenus();
+  void BuildPanels();
+  QAction* AddCommand(QMenu* menu, Command c, const QString& text, std::function<void()> run, bool checkable = false);
+  void Sync();
+  void SyncList(QListWidget* list, const std::vector<std::string>& rows, int enabled);
+  void TurnFinished();
+
   std::unique_ptr<Game> game_;
+  Screen screen_;
+  Session session_;
+  SoundPlayer* sound_ = nullptr;
+  std::map<Command, QAction*> actions_;
+  QMenu* boardMenu_ = nullptr;
+  std::function<void(const std::string&, const std::string&)> messageHook_;
+
   BoardWidget* board_ = nullptr;
+  QLabel* label_[15] = {};  // Label1 .. Label14 as the board view names them (Label7 is a status panel)
+  QWidget* extraPieces_ = nullptr;
+  QListWidget* list1_ = nullptr;
+  QListWidget* list2_ = nullptr;
+  QListWidget* list3_ = nullptr;
+  QPlainTextEdit* text1_ = nullptr;
+  QLineEdit* text2_ = nullptr;
+  QPushButton* moveButton_ = nullptr;
+  QLabel* statusPanel_ = nullptr;
+  QLabel* strengthPanel_ = nullptr;
+  QLabel* productPanel_ = nullptr;
+  QProgressBar* progress_ = nullptr;
+
+  QThread* worker_ = nullptr;
+  std::string workerError_;  // a fatal error the worker met
+  TurnReason turnReason_ = TurnReason::Reply;
+  QTimer* progressTimer_ = nullptr;
+  bool closePending_ = false;
+  bool syncing_ = false;
+  int shownSkin_ = -1;
 };
 
 }  // namespace qv::gui

@@ -1,0 +1,49 @@
+#pragma once
+// The commands of the menu bar and toolbar, the play modes, and start-up.
+#include "interaction/session.h"
+
+namespace qv {
+
+void EnableCommand(Session& s, Command c, int enabled);
+void CheckCommand(Session& s, Command c, int checked);
+
+// What a new game shows: status, lists and the commands that open a game.
+void ShowNewGame(Session& s);
+
+// The load path of the main window.
+void StartUp(Session& s);
+
+// "New Game" (askRules 0) and "New Variant..." (askRules 1).
+void NewGameCommand(Session& s, int askRules);
+
+void StartComputerMove(Session& s);
+// Shows that the computer thinks and hands its turn to the window's worker.
+void BeginComputerTurn(Session& s, TurnReason reason);
+// On the window thread when the computer's turn is over.
+void ComputerTurnFinished(Session& s, TurnReason reason);
+void CancelCommand(Session& s);
+
+void FirstCommand(Session& s);
+void BackCommand(Session& s);
+void ForwardCommand(Session& s);
+void LastCommand(Session& s);
+
+void DrawOffer(Session& s);
+void ResignGame(Session& s);
+
+void SetPlayerComputer(Session& s);
+void SetPlayerPlayer(Session& s);
+void RunComputerComputer(Session& s);
+
+void TurnBoardCommand(Session& s);
+// "None" 2, "Algebraic" 0, "Numeric" 1.
+void SetNotation(Session& s, int kind);
+void ToggleCalculation(Session& s);
+void ToggleUseSound(Session& s);
+// "Classic Small", "Classic Medium" or "Classic Big".
+void SelectSkin(Session& s, const std::string& name);
+
+// The close box: true when the window may close.
+bool ConfirmClose(Session& s);
+
+}  // namespace qv

@@ -1,0 +1,51 @@
+#pragma once
+// What the interaction code needs from whatever draws the window: modal boxes,
+// sounds, the pointer, the set-up popup, a note that some part of the screen
+// changed, and a worker that runs the computer's turn. The Qt main window
+// implements it; the tests implement it with a recorder.
+#include <filesystem>
+#include <string>
+
+#include "interaction/screen.h"
+
+namespace qv {
+
+enum class BoxIcon { None, Exclamation, Question, Warning, Information };
+
+// The set-up popup's items, in the order they are shown.
+enum class PopupItem { None, ClearBoard, Empty, BlackChecker, BlackKing, WhiteChecker, WhiteKing, BlackMoves, WhiteMoves, Priority };
+
+// The check marks the popup opens with.
+struct PopupChecks {
+  PopupItem piece = PopupItem::Empty;  // what stands on the cell
+  int blackMoves = 0;
+  int whiteMoves = 0;
+  int priority = 0;
+};
+
+// Why the computer is asked to move; decides what happens when it is done.
+enum class TurnReason { Reply, ReplyDirect, Compute, ComputerComputer };
+
+class WindowLayer {
+ public:
+  virtual ~WindowLayer() = default;
+
+  virtual void ShowMessage(const std::string& text, const std::string& caption, BoxIcon icon) = 0;
+  // A Yes/No question; true for Yes.
+  virtual bool AskYesNo(const std::string& text, const std::string& caption) = 0;
+  virtual void PlaySound(const std::filesystem::path& file) = 0;
+  // The carrying pointer: the icon role of the piece, or ImageRole::None for the normal one.
+  virtual void SetPointer(ImageRole icon) = 0;
+  // Shows the popup at the pointer and returns the item chosen, None when dismissed.
+  virtual PopupItem RunSetupPopup(const PopupChecks& checks) = 0;
+  // Some of the screen's state changed: the window redraws what the parts name.
+  virtual void Changed(unsigned parts) = 0;
+  // Starts the computer's turn (RunComputerJob). The window calls
+  // ComputerTurnFinished on its own thread when the job is over.
+  virtual void StartComputerTurn(TurnReason reason) = 0;
+  // The rules dialog of "New Variant..."; it may change RuleSet. Windows
+  // without it leave the rules as they are.
+  virtual void ShowVariantsDialog() {}
+};
+
+}  // namespace qv

@@ -1,0 +1,112 @@
+// The main window on the offscreen platform: it opens on American Checkers, a
+// move made with the mouse is answered by the computer, and closing during a
+// computer game stops it first.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <memory>
+
+#include "core/board.h"
+#include "gui/boardwidget.h"
+#include "gui/mainwindow.h"
+#include "interaction/boardview.h"
+
+namespace qv::gui {
+
+namespace {
+
+std::unique_ptr<MainWindow> OpenWindow(std::vector<std::string>& messages) {
+  auto game = std::make_unique<Game>();
+  game->Random.SetFixedSeed(3);
+  game->Settings.ConfirmExit = 0;
+  auto window = std::make_unique<MainWindow>(std::move(game));
+  window->DivertMessages([&messages](const std::string& text, const std::string& caption) {
+    messages.push_back(caption + ": " + text);
+  });
+  window->screen().ComputerPause = 0.0;
+  window->show();
+  return window;
+}
+
+void Send(QWidget* target, QEvent::Type type, QPoint pos, Qt::MouseButton button, Qt::MouseButtons held) {
+  QMouseEvent event(type, QPointF(pos), target->mapToGlobal(QPointF(pos)), button, held, Qt::NoModifier);
+  QApplication::sendEvent(target, &event);
+}
+
+// Drags the piece on `from` to `to` as a person would: press, a few moves, release.
+void Drag(BoardWidget* board, const char* from, const char* to, int turned) {
+  const QPoint a = board->SquareCentre(SquareOfCell(SquareNumber(from, 0, 1), turned));
+  const QPoint b = board->SquareCentre(SquareOfCell(SquareNumber(to, 0, 1), turned));
+  Send(board, QEvent::MouseMove, a, Qt::NoButton, Qt::NoButton);
+  Send(board, QEvent::MouseButtonPress, a, Qt::LeftButton, Qt::LeftButton);
+  for (int step = 1; step <= 4; ++step)
+    Send(board, QEvent::MouseMove, a + (b - a) * step / 4, Qt::NoButton, Qt::LeftButton);
+  Send(board, QEvent::MouseButtonRelease, b, Qt::LeftButton, Qt::NoButton);
+}
+
+bool WaitUntil(const std::function<bool()>& done, int milliseconds = 20000) {
+  QElapsedTimer timer;
+  timer.start();
+  while (!done() && timer.elapsed() < milliseconds) QApplication::processEvents(QEventLoop::AllEvents, 20);
+  return done();
+}
+
+}  // namespace
+
+TEST(MainWindow, OpensOnAmericanCheckers) {
+  std::vector<std::string> messages;
+  auto window = OpenWindow(messages);
+  EXPECT_EQ(window->windowTitle(), "Quorvanis 1.58");
+  EXPECT_EQ(window->screen().StatusText, "Black moves");
+  EXPECT_EQ(window->game().VariantLabel, "American Checkers");
+  EXPECT_GE(window->board()->width(), 8 * 54);
+  EXPECT_TRUE(messages.empty());
+}
+
+TEST(MainWindow, AWhitePieceCannotBeLiftedWhenBlackMoves) {
+  std::vector<std::string> messages;
+  auto window = OpenWindow(messages);
+  Drag(window->board(), "C3", "D4", window->game().Settings.BoardTurned);
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_EQ(messages[0], "Error: Black moves");
+}
+
+TEST(MainWindow, AMoveDraggedWithTheMouseIsAnsweredByTheComputer) {
+  std::vector<std::string> messages;
+  auto window = OpenWindow(messages);
+  Drag(window->board(), "D6", "E5", window->game().Settings.BoardTurned);
+  ASSERT_TRUE(WaitUntil([&] { return !window->ComputerThinking() && window->screen().List1.size() >= 2; }));
+  EXPECT_EQ(window->screen().List1[0], "  1. d6-e5");
+  EXPECT_EQ(window->game().HalfMoveCount, 2);
+  EXPECT_EQ(window->game().SideToMove, -1);
+  EXPECT_EQ(window->screen().Busy, 0);
+  auto* list = window->findChildren<QListWidget*>().front();
+  EXPECT_EQ(list->count(), 2);
+  EXPECT_TRUE(messages.empty());
+}
+
+TEST(MainWindow, ClosingDuringComputerComputerStopsTheGameFirst) {
+  std::vector<std::string> messages;
+  auto window = OpenWindow(messages);
+  window->screen().ComputerPause = 0.2;
+  window->action(Command::ComputerComputer)->trigger();
+  EXPECT_TRUE(window->ComputerThinking());
+  window->close();
+  ASSERT_TRUE(WaitUntil([&] { return !window->ComputerThinking(); }));
+  QApplication::processEvents();
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_EQ(window->game().Settings.PlayMode, 0);
+}
+
+}  // namespace qv::gui
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  ::testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}

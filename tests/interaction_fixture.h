@@ -1,0 +1,78 @@
+#pragma once
+// A window layer for tests: it records boxes and sounds, answers questions and
+// the set-up popup as told, and runs the computer's turn at once.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/newgame.h"
+#include "interaction/boardview.h"
+#include "interaction/commands.h"
+#include "interaction/engine_calls.h"
+#include "interaction/session.h"
+
+namespace qv {
+
+struct RecordingWindow : WindowLayer {
+  Session* session = nullptr;
+  std::vector<std::string> messages;  // "caption: text"
+  std::vector<std::string> sounds;
+  ImageRole pointer = ImageRole::None;
+  PopupItem popupAnswer = PopupItem::None;
+  PopupChecks lastPopup;
+  int popups = 0;
+  bool answerYes = true;
+  int turns = 0;
+  bool runTurns = true;  // false: the turn is left pending, as if the worker were still thinking
+
+  void ShowMessage(const std::string& text, const std::string& caption, BoxIcon) override {
+    messages.push_back(caption + ": " + text);
+  }
+  bool AskYesNo(const std::string& text, const std::string& caption) override {
+    messages.push_back(caption + ": " + text);
+    return answerYes;
+  }
+  void PlaySound(const std::filesystem::path& file) override { sounds.push_back(file.filename().string()); }
+  void SetPointer(ImageRole icon) override { pointer = icon; }
+  PopupItem RunSetupPopup(const PopupChecks& checks) override {
+    lastPopup = checks;
+    ++popups;
+    return popupAnswer;
+  }
+  void Changed(unsigned) override {}
+  void StartComputerTurn(TurnReason reason) override {
+    ++turns;
+    if (!runTurns) return;
+    RunComputerJob(session->game, reason, 0.0, [this] { EnterComputerMove(*session); });
+    ComputerTurnFinished(*session, reason);
+  }
+};
+
+class InteractionTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    game->Random.SetFixedSeed(7);
+    game->Settings.ConfirmExit = 0;
+    window.session = &session;
+    StartUp(session);
+  }
+
+  // The SquareView index of a square named like "c3".
+  int Square(const char* name) const {
+    return SquareOfCell(SquareNumber(ToUpperName(name), 0, 1), game->Settings.BoardTurned);
+  }
+  static std::string ToUpperName(const char* name) {
+    std::string s(name);
+    for (char& ch : s) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
+    return s;
+  }
+
+  std::unique_ptr<Game> game = std::make_unique<Game>();
+  Screen screen;
+  RecordingWindow window;
+  Session session{*game, screen, window};
+};
+
+}  // namespace qv
