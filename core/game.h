@@ -189,11 +189,12 @@ struct Game {
   int RuleLossPending = 0;
   int NoiseRange = 0;
   int BackRankActive = 1;
-  int FocusSquare = 0;
-  int FocusPiece = 0;
   int HorizonLimit = 0;
   int SearchCancelled = 0;
   long long NodeCount = 0;  // search nodes visited, for the benchmarks
+  // What the computer's turn said while it thought on the worker thread, for
+  // the window to show once the move stands.
+  std::string PendingStatus, PendingCalculation, PendingCaption, PendingMessage;
   int ThreeKingsSince = 0;
   int TwoKingsSince = 0;
   std::string ResultNote;

@@ -280,9 +280,12 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
 
   // Play the best move: index 0 of the root order.
   g.MoveStack[0] = roots[0];
+  g.LastWasCapture = roots[0].IsCapture() ? 1 : 0;
+  g.LastWasCrowning = roots[0].PromoteFlag == 2 ? 1 : 0;
   g.PlyBase[0] = 0;
   g.PlyBase[1] = 1;
   MakeSearchMove(g, 0);
+  g.LastMoveIndex = 0;
   const int mover = -g.SideToMove;
   score = Evaluate(g, -32000, 32000, mover);
   bool computerWins = false;

@@ -3,19 +3,68 @@
 #include <chrono>
 #include <thread>
 
+#include "core/gameend.h"
 #include "core/makemove.h"
 #include "core/movegen.h"
+#include "engine/driver.h"
+#include "engine/search.h"
 #include "interaction/boardview.h"
 #include "interaction/movelist.h"
 
 namespace qv {
 
-void UpdateAfterMove(Session& s) { UpdateManThresholds(s.game); }
+namespace {
+
+// The engine's words to the user, on the window thread: straight to the
+// screen and the window's boxes.
+class WindowDriverUi : public DriverUi {
+ public:
+  explicit WindowDriverUi(Session& s) : s_(s) {}
+  void SetStatus(const std::string& text) override {
+    s_.screen.StatusText = text;
+    s_.window.Changed(Part::Status);
+  }
+  void SetCalculation(const std::string& text) override { s_.screen.Label9 = text; }
+  void SetStrengthLabel(const std::string& text) override { s_.screen.StrengthText = text; }
+  void ShowMessage(const std::string& caption, const std::string& text) override {
+    s_.window.Changed(Part::Board | Part::Status | Part::Lists);
+    s_.window.ShowMessage(text, caption, caption == "Error" ? BoxIcon::Warning : BoxIcon::Information);
+  }
+  bool AskYesNo(const std::string& caption, const std::string& text) override { return s_.window.AskYesNo(text, caption); }
+
+ private:
+  Session& s_;
+};
+
+// The engine's words while it thinks on the worker thread: kept, and shown by
+// the window thread once the move is on the board.
+class DeferredDriverUi : public DriverUi {
+ public:
+  explicit DeferredDriverUi(Game& g) : g_(g) {}
+  void SetStatus(const std::string& text) override { g_.PendingStatus = text; }
+  void SetCalculation(const std::string& text) override { g_.PendingCalculation = text; }
+  void ShowMessage(const std::string& caption, const std::string& text) override {
+    g_.PendingCaption = caption;
+    g_.PendingMessage = text;
+  }
+  void Pause(double seconds) override { std::this_thread::sleep_for(std::chrono::duration<double>(seconds)); }
+
+ private:
+  Game& g_;
+};
+
+}  // namespace
+
+void UpdateAfterMove(Session& s) {
+  UpdateManThresholds(s.game);
+  const int score = QuickScore(s.game);
+  if (s.game.Settings.PlayMode == 1) s.game.Record.EvalHistory[s.game.HalfMoveCount] = score;
+}
 void CheckEndAfterMove(Session& s) {
   Game& g = s.game;
-  // Without moves the side to move has lost.
-  GenerateLegalMoves(g);
-  if (g.PlyBase[g.Ply + 1] <= g.PlyBase[g.Ply]) g.GameOver = 1;
+  UpdateDrawReason(g);
+  WindowDriverUi ui(s);
+  CheckGameEnd(g, ui, 0);
 }
 void CheckDrawsAfterWalk(Session& s) {
   Game& g = s.game;
@@ -33,29 +82,19 @@ int LastSearchValue(const Game&) { return 0; }
 void EndGameByAgreement(Session& s) { s.game.GameOver = 1; }
 void EndGameByResignation(Session& s) { s.game.GameOver = 1; }
 
-namespace {
-
-// Until the search is in: the first legal move.
-void PlayFirstLegalMove(Game& g) {
-  GenerateLegalMoves(g);
-  if (g.PlyBase[g.Ply + 1] <= g.PlyBase[g.Ply]) {
-    g.GameOver = 1;
-    return;
-  }
-  const MoveRecord& move = g.MoveStack[g.PlyBase[g.Ply]];
-  FindMove(g, MoveTextOf(move.FromSquare, move.ToSquare, g.Settings.NotationKind));
-}
-
-}  // namespace
-
 void RunComputerJob(Game& g, TurnReason reason, double pause, const std::function<void()>& moveEntered) {
   do {
     if (g.GameOver == 1) break;
-    PlayFirstLegalMove(g);
-    if (g.GameOver == 0 && moveEntered) moveEntered();
-    if (reason != TurnReason::ComputerComputer) break;
+    DeferredDriverUi ui(g);
+    if (!ComputerMove(g, ui).moved) break;
+    if (moveEntered) moveEntered();
+    // A Cancel during the search leaves SearchCancelled set: the move found
+    // so far is played and the loop ends. A Cancel during the pause leaves
+    // StopRequest set.
+    if (reason != TurnReason::ComputerComputer || g.SearchCancelled == 1) break;
     std::this_thread::sleep_for(std::chrono::duration<double>(pause));
   } while (g.GameOver == 0 && g.StopRequest == 0 && g.HalfMoveCount < RecordSize - 2);
+  g.StopRequest = 0;
 }
 
 void EnterComputerMove(Session& s) {
@@ -72,7 +111,15 @@ void EnterComputerMove(Session& s) {
   WriteMoveToList(s, moveText, DisplayText(g, moveText), MoverComputer);
   s.screen.List1Selected = n - 1;
   RefreshBoard(s, 0);
-  CheckEndAfterMove(s);
+  // What the engine said while it thought, now that the move stands.
+  if (!g.PendingCalculation.empty()) s.screen.Label9 = g.PendingCalculation;
+  s.screen.StatusText = g.PendingStatus;
+  s.window.Changed(Part::Board | Part::Lists | Part::Status | Part::Texts);
+  if (!g.PendingMessage.empty())
+    s.window.ShowMessage(g.PendingMessage, g.PendingCaption, BoxIcon::Information);
+  g.PendingStatus.clear();
+  g.PendingCalculation.clear();
+  g.PendingMessage.clear();
 }
 
 }  // namespace qv
