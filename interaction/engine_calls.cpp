@@ -100,14 +100,11 @@ void RunComputerJob(Game& g, TurnReason reason, double pause, const std::functio
 void EnterComputerMove(Session& s) {
   Game& g = s.game;
   const int n = g.HalfMoveCount;
-  const MoveRecord& move = g.MoveStack[g.LastMoveIndex];
+  // The engine has entered the move in the record already; MoveStack may have
+  // been reused since, by the end-of-game checks.
+  const MoveRecord& move = g.Record.GameMoves[n];
   const std::string moveText = MoveTextOf(move.FromSquare, move.ToSquare, g.Settings.NotationKind);
-  g.Record.GameMoves[n] = move;
-  g.Record.MaterialSaved[n] = g.MaterialByPly[g.Ply];
-  g.Record.ActivitySaved[n] = g.ActivityByPly[g.Ply];
-  g.Record.GameMoves[n + 1].FromSquare = 0;
   if (static_cast<int>(s.screen.List1.size()) > n - 1) s.screen.List1.resize(n - 1);
-  g.GameLength = n;
   WriteMoveToList(s, moveText, DisplayText(g, moveText), MoverComputer);
   s.screen.List1Selected = n - 1;
   RefreshBoard(s, 0);

@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "core/board.h"
+#include "core/makemove.h"
 #include "gui/boardwidget.h"
 #include "gui/mainwindow.h"
 #include "interaction/boardview.h"
@@ -86,6 +87,12 @@ TEST(MainWindow, AMoveDraggedWithTheMouseIsAnsweredByTheComputer) {
   EXPECT_EQ(window->screen().Busy, 0);
   auto* list = window->findChildren<QListWidget*>().front();
   EXPECT_EQ(list->count(), 2);
+  // The reply in the list is the one on the board.
+  const Game& g = window->game();
+  const MoveRecord& reply = g.Record.GameMoves[2];
+  EXPECT_EQ(g.Board[reply.FromSquare], 0);
+  EXPECT_NE(g.Board[reply.ToSquare], 0);
+  EXPECT_EQ(window->screen().List1[1], "      " + MoveLabel(g, reply));
   EXPECT_TRUE(messages.empty());
 }
 
