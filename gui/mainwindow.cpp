@@ -30,6 +30,7 @@
 #include "gui/pictureset.h"
 #include "gui/sound.h"
 #include "gui/toolicons.h"
+#include "gui/variantsdialog.h"
 #include "interaction/commands.h"
 #include "interaction/engine_calls.h"
 #include "interaction/movelist.h"
@@ -87,6 +88,7 @@ void MainWindow::BuildMenus() {
   Session& s = session_;
   QMenu* gameMenu = menuBar()->addMenu("&Game");
   AddCommand(gameMenu, Command::NewGame, "New Game", [&s] { NewGameCommand(s, 0); })->setShortcut(QKeySequence::New);
+  AddCommand(gameMenu, Command::NewVariant, "New Variant...", [&s] { NewGameCommand(s, 1); });
   gameMenu->addSeparator();
   AddCommand(gameMenu, Command::Exit, "Exit", [this] { close(); });
 
@@ -464,6 +466,8 @@ void MainWindow::TurnFinished() {
   Sync();
   if (closePending_) close();
 }
+
+bool MainWindow::ShowVariantsDialog() { return gui::ShowVariantsDialog(this, *game_); }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (worker_) {

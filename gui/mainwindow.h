@@ -52,6 +52,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   PopupItem RunSetupPopup(const PopupChecks& checks) override;
   void Changed(unsigned parts) override;
   void StartComputerTurn(TurnReason reason) override;
+  bool ShowVariantsDialog() override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -11,6 +11,7 @@
 #include "interaction/mouse_entry.h"
 #include "interaction/movelist.h"
 #include "interaction/navigation.h"
+#include "interaction/newvariant.h"
 #include "interaction/record.h"
 
 namespace qv {
@@ -172,18 +173,17 @@ void NewGameCommand(Session& s, int askRules) {
   Game& g = s.game;
   Screen& sc = s.screen;
   if (g.GameInProgress != 0 && !s.window.AskYesNo("Quit current game?", "Confirmation")) return;
-  g.CustomPosition = 0;
-  g.TouchedCell = 0;
   ResetCarry(s);
-  NewGame(g);
-  ShowNewGame(s);
   if (askRules == 1) {
-    const int notation = g.Settings.NotationKind;
-    g.Settings.NotationKind = 0;
-    s.window.ShowVariantsDialog();
-    g.Settings.NotationKind = notation;
-    ApplyRulesToNewGame(g);
+    // The dialog chooses the rules; the men it asks to remove are gone already.
+    NewVariantCommand(g, [&s](Game&) { return s.window.ShowVariantsDialog(); });
+    ShowNewGame(s);
     CheckNotation(s);
+  } else {
+    g.CustomPosition = 0;
+    g.TouchedCell = 0;
+    NewGame(g);
+    ShowNewGame(s);
   }
   MarkModified(g);
   g.SideToMove = g.RuleSet.BlackStarts == 1 ? -1 : 1;
@@ -194,7 +194,7 @@ void NewGameCommand(Session& s, int askRules) {
   RefreshMoveChoices(s);
   sc.List3.clear();
   RefreshBoard(s, 0);
-  RemoveMenIfAsked(s);
+  if (askRules == 0) RemoveMenIfAsked(s);
   if (g.Settings.UseSound == 1) s.window.PlaySound(g.DataFolder / "sounds" / "roll.wav");
   s.window.Changed(Part::All);
 }

@@ -45,7 +45,7 @@ class WindowLayer {
   virtual void StartComputerTurn(TurnReason reason) = 0;
   // The rules dialog of "New Variant..."; it may change RuleSet. Windows
   // without it leave the rules as they are.
-  virtual void ShowVariantsDialog() {}
+  virtual bool ShowVariantsDialog() { return false; }
 };
 
 }  // namespace qv
