@@ -195,9 +195,11 @@ struct Game {
   // What the computer's turn said while it thought on the worker thread, for
   // the window to show once the move stands.
   std::string PendingStatus, PendingCalculation, PendingCaption, PendingMessage;
+  int PendingDrawOffer = 0;  // the computer's "How about a draw?", asked once the move shows
   int ThreeKingsSince = 0;
   int TwoKingsSince = 0;
   std::string ResultNote;
+  int LastSearchScore = 0;  // BestScore of the computer's last turn, from its side
   int StableCount = 0;
   int LastDrawOffer = 0;
   int WinAnnounced = 0;

@@ -54,6 +54,10 @@ void ResetGameState(Game& g) {
   g.GameResult.clear();
   g.LazyMargin = 150;
   g.GameNote.clear();
+  g.StableCount = 0;
+  g.LastDrawOffer = 0;
+  g.WinAnnounced = 0;
+  g.LastSearchScore = 0;
   g.Record = GameRecordArrays{};
   g.Record.ActivitySaved[0] = g.TotalMaterialStart;
   for (auto& row : g.MoveTextTable) row = {};

@@ -10,6 +10,7 @@
 #include "core/text.h"
 #include "engine/evaluate.h"
 #include "engine/search.h"
+#include "engine/timetext.h"
 
 namespace qv {
 
@@ -19,6 +20,8 @@ double Clock() {
   using namespace std::chrono;
   return duration<double>(steady_clock::now().time_since_epoch()).count();
 }
+
+long WholeSeconds() { return static_cast<long>(std::floor(Clock())); }
 
 int PVLength(const Game& g) {
   int k = 1;
@@ -36,6 +39,7 @@ struct Turn {
   int rootCount = 0;
   int searchRootCount = 0;
   bool lazyRaiseArmed = false;
+  int keptScore = 0;  // the score before the last short-line re-search
 
   // Searches root move `index` (already made) at iteration depth d.
   int Dispatch(int alpha, int beta, int d) {
@@ -57,6 +61,7 @@ struct Turn {
     ui.SetStatus("Thinking... (" + std::to_string(d) + "/" + std::to_string(d + 1) + ")  " + move);
     const bool fullWindow = member == SearchMember::Fast1 || member == SearchMember::Anti;
     const int a = fullWindow ? -32000 : alpha, b = fullWindow ? 32000 : beta;
+    keptScore = score;
     score = -SearchNode(g, member, -b, -a, d);
     researched = true;
     if (g.MaterialByPly[g.Ply] != 0 && lazyRaiseArmed) g.LazyMargin += 10;
@@ -64,7 +69,43 @@ struct Turn {
   }
 };
 
+// No man on the board and both sides' pieces worth the same.
+bool KingsOnlyLevel(const Game& g) {
+  int white = 0, black = 0;
+  for (int cell = 21; cell <= 98; ++cell) {
+    const int v = g.Board[cell];
+    if (v == OffBoard || v == 0) continue;
+    if (v == WhiteMan || v == BlackMan) return false;
+    if (v > 0) white += v;
+    else black -= v;
+  }
+  return white == black;
+}
+
+// The computer offers a draw when the game has long stood still, or only
+// kings of equal worth are left, and material is level.
+bool WantsDraw(Game& g, int bestScore) {
+  const int h = g.HalfMoveCount;
+  if (h > 78 && g.ScoreHistory[h - 78] != 0) {
+    if (std::abs(g.ScoreHistory[h - 78] - g.ScoreHistory[h]) < 100) ++g.StableCount;
+    else g.StableCount = 0;
+  }
+  if (g.Settings.AskDrawIfComputerDraws != 1 || h - g.LastDrawOffer < 41) return false;
+  if (!KingsOnlyLevel(g) && g.StableCount < 2) return false;
+  if (g.Settings.PlayMode == 2) return false;
+  if (!(g.Rnd() < 0.1 || g.StableCount > 1)) return false;
+  return g.WinAnnounced == 0 && bestScore < 30000 && g.MaterialByPly[g.Ply] == 0;
+}
+
 }  // namespace
+
+void DeclareDraw(Game& g, DriverUi& ui) {
+  ResultText(g, 2);
+  g.GameOver = 1;
+  ui.SetStatus("It's a draw!");
+  ui.GameEnded(0.5);
+  ui.ShowMessage("Congratulations", g.Settings.PlayerName + "It's a draw!");
+}
 
 int NoiseRangeFor(int strengthHandicap) {
   int range = 70 * strengthHandicap - 70;
@@ -87,7 +128,7 @@ std::string MainLineText(const Game& g) {
 TurnReport ComputerMove(Game& g, DriverUi& ui) {
   TurnReport report;
   const Options& o = g.Settings;
-  const double turnStart = Clock();
+  const long turnStart = WholeSeconds();
   g.BackRankActive = 1;
   UpdateManThresholds(g);
   g.NoiseRange = NoiseRangeFor(o.StrengthHandicap);
@@ -111,11 +152,7 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
   };
   if (g.NoMoveDraw == 1) {
     g.NoMoveDraw = 0;
-    ResultText(g, 2);
-    g.GameOver = 1;
-    ui.SetStatus("It's a draw!");
-    ui.GameEnded(0.5);
-    ui.ShowMessage("Congratulations", o.PlayerName + "It's a draw!");
+    DeclareDraw(g, ui);
     return finish();
   }
   if (ownLoss) {
@@ -155,7 +192,7 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
   int alpha = -32000, beta = 32000, bestScore = -32001, prevIterationBest = -32001;
   int progress = 0;
   double elapsed = 0;
-  std::string bestLine, bestMove;
+  std::string bestLine, bestMove, head, shortLine;
   for (auto& row : g.PVTable) row.Fill(PVEntry{});
   for (auto& row : g.KillerTable) row.Fill(MoveKey{});
 
@@ -169,6 +206,7 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
 
   int d = 1;
   for (; d <= depthLimit; ++d) {
+    const long iterationStart = WholeSeconds();
     if (depthMode == 1) turn.lazyRaiseArmed = turn.lazyRaiseArmed || d == 1;
     else turn.lazyRaiseArmed = d > 2;
     if (d == 1) {
@@ -234,8 +272,11 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
         g.MoveStack[0] = roots[static_cast<std::size_t>(i)];
         UpdatePV(g, 0);
         bestLine = MainLineText(g);
-        if (o.ShowCalculation == 1)
-          ui.SetCalculation("Depth:" + Str(d) + "   Best: " + move + "   Score:" + Str(score));
+        if (o.ShowCalculation == 1) {
+          head = "Depth:" + Str(d) + "   Best: " + move + "   Score:" + Str(score);
+          shortLine = "D:" + Str(d) + "   B: " + move + "   S:" + Str(score);
+          ui.SetCalculation(head);
+        }
         if (i > 0) {
           std::rotate(roots.begin(), roots.begin() + i, roots.begin() + i + 1);
           std::rotate(rootInfo.begin(), rootInfo.begin() + i, rootInfo.begin() + i + 1);
@@ -252,7 +293,9 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
           g.SearchCancelled = 1;
         }
       }
-      rootInfo[newBest ? 0 : static_cast<std::size_t>(i)].Score = newBest ? alpha : score;
+      int stored = newBest ? alpha : score;
+      if (researched) stored = turn.keptScore;
+      rootInfo[newBest ? 0 : static_cast<std::size_t>(i)].Score = stored;
       if (g.SearchCancelled == 1) break;
     }
     if (depthMode == 0 && elapsed >= o.TimeLimit && !(bestScore < prevIterationBest - 50)) {
@@ -261,21 +304,29 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
     }
     if (g.SearchCancelled == 1) break;
     prevIterationBest = bestScore;
+    report.iterationLog += std::string(15, ' ') + shortLine + "   M: " + bestLine +
+                           "  T: " + TimeString(WholeSeconds() - iterationStart) + "\r\n";
   }
   report.depth = std::min(d, depthLimit);
 
   // End of thinking.
   ui.SetStrengthLabel(strength);
   if (o.ShowCalculation == 1)
-    ui.SetCalculation("Depth:" + Str(report.depth) + "   Best: " + bestMove + "   Score:" + Str(bestScore) +
-                      "   Time: " + std::to_string(static_cast<int>(Clock() - turnStart)) + "\r\nMain: " + bestLine);
+    ui.SetCalculation(head + "   Time: " + TimeString(WholeSeconds() - turnStart) + "\r\nMain: " + bestLine);
   if (g.StopRequest == 2) {
     g.StopRequest = 0;
     g.SearchCancelled = 0;
   }
-  g.StopRequest = 0;
-  std::stable_sort(rootInfo.begin(), rootInfo.end(),
-                   [](const RootScore& a, const RootScore& b) { return a.Score > b.Score; });
+  if (g.StopRequest == 1) {
+    // A Cancel that came after the last node: it still ends the thinking.
+    g.StopRequest = 0;
+    g.SearchCancelled = 1;
+  }
+  // Highest score first, by exchanges over all pairs: equal scores keep no
+  // particular order.
+  for (std::size_t i = 0; i < rootInfo.size(); ++i)
+    for (std::size_t j = i + 1; j < rootInfo.size(); ++j)
+      if (rootInfo[j].Score > rootInfo[i].Score) std::swap(rootInfo[i], rootInfo[j]);
   ui.SetStatus("");
 
   // Play the best move: index 0 of the root order.
@@ -303,6 +354,7 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
     computerWins = true;
   }
   g.ScoreHistory[g.HalfMoveCount] = bestScore;
+  g.LastSearchScore = bestScore;
   CommitRootPly(g);
   EnterMoveInRecord(g, 0, rootCount);
   UpdateDrawReason(g);
@@ -321,6 +373,12 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
     ui.SetStatus("Computer wins!");
     ui.Pause(0.5);
     ui.ShowMessage("Congratulations", "Computer wins!");
+  }
+  if (g.GameOver == 0 && WantsDraw(g, bestScore)) {
+    g.LastDrawOffer = g.HalfMoveCount;
+    ui.Pause(0.5);
+    report.drawOffered = true;
+    if (ui.AskYesNo("Question", "How about a draw?")) DeclareDraw(g, ui);
   }
   if (g.GameOver == 0) CheckGameEnd(g, ui, 0);
   return finish();

@@ -48,6 +48,11 @@ class DeferredDriverUi : public DriverUi {
     g_.PendingMessage = text;
   }
   void Pause(double seconds) override { std::this_thread::sleep_for(std::chrono::duration<double>(seconds)); }
+  // The question waits for the window: the move must be on the board first.
+  bool AskYesNo(const std::string&, const std::string&) override {
+    g_.PendingDrawOffer = 1;
+    return false;
+  }
 
  private:
   Game& g_;
@@ -78,9 +83,18 @@ void ClearHintState(Session&) {}
 void ClearAnalysisTable(Session& s) { s.screen.List3.clear(); }
 void ClearStoredReply(Game&) {}
 std::string GameEndText(const Game&) { return {}; }
-int LastSearchValue(const Game&) { return 0; }
-void EndGameByAgreement(Session& s) { s.game.GameOver = 1; }
-void EndGameByResignation(Session& s) { s.game.GameOver = 1; }
+int LastSearchValue(const Game& g) { return g.GameInProgress == 1 ? g.LastSearchScore : 0; }
+void EndGameByAgreement(Session& s) {
+  ResultText(s.game, 2);
+  s.game.GameOver = 1;
+}
+void EndGameByResignation(Session& s) {
+  Game& g = s.game;
+  // "1-0": the side that began wins. The player resigns, so the computer's side wins.
+  const bool playerBegan = PlayerIsSide(g, g.RuleSet.BlackStarts == 1 ? "black" : "white") == 1;
+  g.GameResult = playerBegan ? "0-1" : "1-0";
+  g.GameOver = 1;
+}
 
 void RunComputerJob(Game& g, TurnReason reason, double pause, const std::function<void()>& moveEntered) {
   do {
@@ -117,6 +131,12 @@ void EnterComputerMove(Session& s) {
   g.PendingStatus.clear();
   g.PendingCalculation.clear();
   g.PendingMessage.clear();
+  if (g.PendingDrawOffer == 1) {
+    g.PendingDrawOffer = 0;
+    WindowDriverUi ui(s);
+    // Accepted, the game ends here; the commands follow when the turn is over.
+    if (g.GameOver == 0 && ui.AskYesNo("Question", "How about a draw?")) DeclareDraw(g, ui);
+  }
 }
 
 }  // namespace qv

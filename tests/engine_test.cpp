@@ -8,6 +8,7 @@
 #include "engine/driver.h"
 #include "engine/evaluate.h"
 #include "engine/search.h"
+#include "engine/timetext.h"
 #include "files/variantfile.h"
 #include "position_helpers.h"
 
@@ -86,6 +87,74 @@ TEST(ComputerMove, ACancelPlaysTheBestMoveSoFar) {
   EXPECT_LT(std::chrono::steady_clock::now() - cancelled, std::chrono::seconds(2));
   EXPECT_TRUE(report.moved);
   EXPECT_EQ(g->HalfMoveCount, 1);
+}
+
+// Answers the computer's draw offer.
+struct AnsweringUi : RecordingUi {
+  bool answer = false;
+  std::string question;
+  bool AskYesNo(const std::string& caption, const std::string& text) override {
+    question = caption + ": " + text;
+    return answer;
+  }
+};
+
+TEST(ComputerMove, OffersADrawWithLevelKingsOnlyWhenAllowed) {
+  for (const bool allowed : {false, true}) {
+    for (const bool accepted : {false, true}) {
+      auto g = testing::NewTestGame();
+      testing::SetPosition(*g, {{"A1", WhiteKing}, {"C1", WhiteKing}, {"F8", BlackKing}, {"H8", BlackKing}}, 1);
+      AdoptBoardPosition(*g);
+      UseDepth(*g, 2);
+      g->Settings.PlayMode = 0;
+      g->Settings.AskDrawIfComputerDraws = allowed ? 1 : 0;
+      g->HalfMoveCount = 50;  // long enough since the last offer
+      g->StableCount = 2;     // the score has stood still
+      AnsweringUi ui;
+      ui.answer = accepted;
+      const TurnReport turn = ComputerMove(*g, ui);
+      ASSERT_TRUE(turn.moved);
+      EXPECT_EQ(turn.drawOffered, allowed);
+      EXPECT_EQ(ui.question, allowed ? "Question: How about a draw?" : "");
+      const bool drawn = allowed && accepted;
+      EXPECT_EQ(g->GameOver, drawn ? 1 : 0);
+      EXPECT_EQ(g->GameResult, drawn ? "1/2-1/2" : "");
+      if (allowed) {
+        EXPECT_EQ(g->LastDrawOffer, g->HalfMoveCount);
+      }
+    }
+  }
+}
+
+TEST(ComputerMove, LogsEachIterationAndSortsTheRootScores) {
+  auto g = testing::NewTestGame();
+  UseDepth(*g, 4);
+  RecordingUi ui;
+  const TurnReport turn = ComputerMove(*g, ui);
+  ASSERT_TRUE(turn.moved);
+  EXPECT_EQ(turn.iterationLog.rfind(std::string(15, ' ') + "D:", 0), 0u) << turn.iterationLog;
+  EXPECT_NE(turn.iterationLog.find("  T: 00:00.0"), std::string::npos);
+  int lines = 0;
+  for (std::size_t at = 0; (at = turn.iterationLog.find("\r\n", at)) != std::string::npos; at += 2) ++lines;
+  EXPECT_EQ(lines, 4);
+  ASSERT_EQ(turn.rootScores.size(), 7u);
+  for (std::size_t i = 1; i < turn.rootScores.size(); ++i)
+    EXPECT_GE(turn.rootScores[i - 1].Score, turn.rootScores[i].Score);
+}
+
+TEST(TimeText, ClockAndWords) {
+  EXPECT_EQ(TimeString(0), "00:00.00");
+  EXPECT_EQ(TimeString(7), "00:00.07");
+  EXPECT_EQ(TimeString(3 * 3600 + 25), "03:00.25");
+  // Minutes are rounded: 59 minutes 59 seconds shows as the next hour.
+  EXPECT_EQ(TimeString(3599), "01:00.59");
+  EXPECT_EQ(TimeString(100 * 3600), "100:00.00");
+  EXPECT_EQ(TimeWords("00:00.01"), "1 second");
+  EXPECT_EQ(TimeWords("00:03.01"), "3 minutes and 1 second");
+  EXPECT_EQ(TimeWords("00:01.12"), "1 minute and 12 seconds");
+  EXPECT_EQ(TimeWords("02:00.07"), "2 hours, 0 minutes, and 7 seconds");
+  EXPECT_EQ(TimeWords("01:05.00"), "1 hour, 5 minutes, and 0 seconds");
+  EXPECT_EQ(TimeString(125, true), "2 minutes and 5 seconds");
 }
 
 TEST(Evaluate, SeesGoalsRepetitionsAndCounts) {
