@@ -55,10 +55,7 @@ MainWindow::MainWindow(std::unique_ptr<Game> game, QWidget* parent)
   screen_.TwipsPerPixel = logicalDpiX() >= 120 ? 12 : 15;
   progressTimer_ = new QTimer(this);
   progressTimer_->setInterval(100);
-  connect(progressTimer_, &QTimer::timeout, this, [this] {
-    // Until the search reports its own progress the bar runs round.
-    progress_->setValue((progress_->value() + 5) % (progress_->maximum() + 1));
-  });
+  connect(progressTimer_, &QTimer::timeout, this, &MainWindow::ShowThinking);
   BuildPanels();
   BuildMenus();
   StartUp(session_);
@@ -442,16 +439,31 @@ void MainWindow::StartComputerTurn(TurnReason reason) {
   workerError_.clear();
   worker_ = QThread::create([this, &g, reason, pause] {
     try {
-      RunComputerJob(g, reason, pause, [this] {
-        QMetaObject::invokeMethod(
-            this, [this] { EnterComputerMove(session_); }, Qt::BlockingQueuedConnection);
-      });
+      RunComputerJob(
+          g, reason, pause,
+          [this] {
+            QMetaObject::invokeMethod(
+                this, [this] { EnterComputerMove(session_); }, Qt::BlockingQueuedConnection);
+          },
+          &thinking_);
     } catch (const FatalError& e) {
       workerError_ = e.what();
     }
   });
   connect(worker_, &QThread::finished, this, &MainWindow::TurnFinished);
   worker_->start();
+}
+
+// The worker's status, calculation and progress, as far as they have come.
+void MainWindow::ShowThinking() {
+  ThinkingReport::Snapshot now;
+  if (!thinking_.Take(now)) return;
+  if (!now.status.empty()) statusPanel_->setText(Q(now.status));
+  if (!now.calculation.empty()) label_[9]->setText(Q(now.calculation));
+  if (now.maximum > 0) {
+    progress_->setMaximum(now.maximum);
+    progress_->setValue(std::min(now.progress, now.maximum));
+  }
 }
 
 void MainWindow::TurnFinished() {

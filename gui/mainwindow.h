@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 
+#include "interaction/engine_calls.h"
 #include "interaction/session.h"
 
 class QAction;
@@ -64,6 +65,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void Sync();
   void SyncList(QListWidget* list, const std::vector<std::string>& rows, int enabled);
   void TurnFinished();
+  void ShowThinking();
 
   std::unique_ptr<Game> game_;
   Screen screen_;
@@ -91,6 +93,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   std::string workerError_;  // a fatal error the worker met
   TurnReason turnReason_ = TurnReason::Reply;
   QTimer* progressTimer_ = nullptr;
+  ThinkingReport thinking_;  // the worker's words while it thinks
   bool closePending_ = false;
   bool syncing_ = false;
   int shownSkin_ = -1;

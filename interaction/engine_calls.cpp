@@ -40,9 +40,18 @@ class WindowDriverUi : public DriverUi {
 // the window thread once the move is on the board.
 class DeferredDriverUi : public DriverUi {
  public:
-  explicit DeferredDriverUi(Game& g) : g_(g) {}
-  void SetStatus(const std::string& text) override { g_.PendingStatus = text; }
-  void SetCalculation(const std::string& text) override { g_.PendingCalculation = text; }
+  DeferredDriverUi(Game& g, ThinkingReport* live) : g_(g), live_(live) {}
+  void SetStatus(const std::string& text) override {
+    g_.PendingStatus = text;
+    if (live_) live_->SetStatus(text);
+  }
+  void SetCalculation(const std::string& text) override {
+    g_.PendingCalculation = text;
+    if (live_) live_->SetCalculation(text);
+  }
+  void SetProgress(int value, int maximum) override {
+    if (live_) live_->SetProgress(value, maximum);
+  }
   void ShowMessage(const std::string& caption, const std::string& text) override {
     g_.PendingCaption = caption;
     g_.PendingMessage = text;
@@ -56,6 +65,7 @@ class DeferredDriverUi : public DriverUi {
 
  private:
   Game& g_;
+  ThinkingReport* live_;
 };
 
 }  // namespace
@@ -96,10 +106,11 @@ void EndGameByResignation(Session& s) {
   g.GameOver = 1;
 }
 
-void RunComputerJob(Game& g, TurnReason reason, double pause, const std::function<void()>& moveEntered) {
+void RunComputerJob(Game& g, TurnReason reason, double pause, const std::function<void()>& moveEntered,
+                    ThinkingReport* live) {
   do {
     if (g.GameOver == 1) break;
-    DeferredDriverUi ui(g);
+    DeferredDriverUi ui(g, live);
     if (!ComputerMove(g, ui).moved) break;
     if (moveEntered) moveEntered();
     // A Cancel during the search leaves SearchCancelled set: the move found

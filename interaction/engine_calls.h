@@ -2,6 +2,7 @@
 // The places where move entry and the commands call into the engine: the
 // checks after a move, the computer's turn, the analysis and hint state.
 #include <functional>
+#include <mutex>
 #include <string>
 
 #include "interaction/session.h"
@@ -26,11 +27,50 @@ int LastSearchValue(const Game& g);
 void EndGameByAgreement(Session& s);
 void EndGameByResignation(Session& s);
 
+// What the computer is doing while it thinks, written by the worker and read
+// by the window a few times a second: the status line, the running
+// calculation and the progress bar.
+class ThinkingReport {
+ public:
+  struct Snapshot {
+    std::string status, calculation;
+    int progress = 0, maximum = 0;
+  };
+  void SetStatus(const std::string& text) { Update([&](Snapshot& s) { s.status = text; }); }
+  void SetCalculation(const std::string& text) { Update([&](Snapshot& s) { s.calculation = text; }); }
+  void SetProgress(int value, int maximum) {
+    Update([&](Snapshot& s) {
+      s.progress = value;
+      s.maximum = maximum;
+    });
+  }
+  // The state since the last call, or false when nothing changed.
+  bool Take(Snapshot& out) {
+    std::lock_guard hold(lock_);
+    if (!changed_) return false;
+    out = now_;
+    changed_ = false;
+    return true;
+  }
+
+ private:
+  template <class F>
+  void Update(F change) {
+    std::lock_guard hold(lock_);
+    change(now_);
+    changed_ = true;
+  }
+  std::mutex lock_;
+  Snapshot now_;
+  bool changed_ = false;
+};
+
 // Runs on the worker thread: the computer's move, or for Computer-Computer
 // play its moves until the game ends or Cancel is pressed. After each move
 // `moveEntered` is called (on the worker); the window enters the move into
-// its lists from there.
-void RunComputerJob(Game& g, TurnReason reason, double pause, const std::function<void()>& moveEntered);
+// its lists from there. `live`, when given, follows the thinking as it goes.
+void RunComputerJob(Game& g, TurnReason reason, double pause, const std::function<void()>& moveEntered,
+                    ThinkingReport* live = nullptr);
 
 // Back on the window thread after a computer move: lists and board.
 void EnterComputerMove(Session& s);
