@@ -181,6 +181,7 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
   if (rootCount == 1) depthLimit = 1;
   const double clockStart = Clock();
   ui.SetProgress(0, depthMode == 1 ? rootCount * depthLimit : o.TimeLimit);
+  ui.Pause(0.5);
 
   std::vector<RootScore> rootInfo(static_cast<std::size_t>(rootCount));
   for (int i = 0; i < rootCount; ++i)

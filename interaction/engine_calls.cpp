@@ -15,6 +15,13 @@ namespace qv {
 
 namespace {
 
+// Waits, but gives way at once to Cancel.
+void PauseUnlessCancelled(const Game& g, double seconds) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
+  while (g.StopRequest == 0 && std::chrono::steady_clock::now() < end)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+}
+
 // The engine's words to the user, on the window thread: straight to the
 // screen and the window's boxes.
 class WindowDriverUi : public DriverUi {
@@ -40,7 +47,8 @@ class WindowDriverUi : public DriverUi {
 // the window thread once the move is on the board.
 class DeferredDriverUi : public DriverUi {
  public:
-  DeferredDriverUi(Game& g, ThinkingReport* live) : g_(g), live_(live) {}
+  // Without pauses (pauses false) the computer moves as fast as it thinks.
+  DeferredDriverUi(Game& g, ThinkingReport* live, bool pauses) : g_(g), live_(live), pauses_(pauses) {}
   void SetStatus(const std::string& text) override {
     g_.PendingStatus = text;
     if (live_) live_->SetStatus(text);
@@ -56,7 +64,9 @@ class DeferredDriverUi : public DriverUi {
     g_.PendingCaption = caption;
     g_.PendingMessage = text;
   }
-  void Pause(double seconds) override { std::this_thread::sleep_for(std::chrono::duration<double>(seconds)); }
+  void Pause(double seconds) override {
+    if (pauses_) PauseUnlessCancelled(g_, seconds);
+  }
   // The question waits for the window: the move must be on the board first.
   bool AskYesNo(const std::string&, const std::string&) override {
     g_.PendingDrawOffer = 1;
@@ -66,6 +76,7 @@ class DeferredDriverUi : public DriverUi {
  private:
   Game& g_;
   ThinkingReport* live_;
+  bool pauses_;
 };
 
 }  // namespace
@@ -110,14 +121,14 @@ void RunComputerJob(Game& g, TurnReason reason, double pause, const std::functio
                     ThinkingReport* live) {
   do {
     if (g.GameOver == 1) break;
-    DeferredDriverUi ui(g, live);
+    DeferredDriverUi ui(g, live, pause > 0);
     if (!ComputerMove(g, ui).moved) break;
     if (moveEntered) moveEntered();
     // A Cancel during the search leaves SearchCancelled set: the move found
     // so far is played and the loop ends. A Cancel during the pause leaves
     // StopRequest set.
     if (reason != TurnReason::ComputerComputer || g.SearchCancelled == 1) break;
-    std::this_thread::sleep_for(std::chrono::duration<double>(pause));
+    PauseUnlessCancelled(g, pause);
   } while (g.GameOver == 0 && g.StopRequest == 0 && g.HalfMoveCount < RecordSize - 2);
   g.StopRequest = 0;
 }

@@ -68,7 +68,10 @@ class ThinkingReport {
 // Runs on the worker thread: the computer's move, or for Computer-Computer
 // play its moves until the game ends or Cancel is pressed. After each move
 // `moveEntered` is called (on the worker); the window enters the move into
-// its lists from there. `live`, when given, follows the thinking as it goes.
+// its lists from there. `pause` is the wait between two moves of
+// Computer-Computer play; with 0 the engine's own short pauses are skipped
+// too. Cancel cuts every wait short. `live`, when given, follows the thinking
+// as it goes.
 void RunComputerJob(Game& g, TurnReason reason, double pause, const std::function<void()>& moveEntered,
                     ThinkingReport* live = nullptr);
 
