@@ -27,8 +27,9 @@ bool InCentre(int s, int set) {
   }
 }
 
-// The back-rank term: a side with enough men is rewarded for keeping the
-// squares in front of its own crowning-row defence covered.
+// The back-rank term of list c: open squares in front of c's crowning squares
+// favour side c, and three men of one colour in a line from a crowning square
+// count for their side.
 template <EvalKind K>
 int BackRank(const Game& g, int c) {
   int p = 0;
@@ -44,7 +45,8 @@ int BackRank(const Game& g, int c) {
     const int p0 = g.Board[s];
     for (int a = 0; steps[a] != EndOfList; ++a) {
       const int d1 = steps[a];
-      if (K == EvalKind::General && (std::abs(d1) == 1 || g.Board[s + d1] == OffBoard)) break;
+      if (K == EvalKind::General && std::abs(d1) == 1) break;
+      if (g.Board[s + d1] == OffBoard) break;
       const int p1 = g.Board[s + d1];
       for (int b = 0; steps[b] != EndOfList; ++b) {
         const int d2 = steps[b];
@@ -174,14 +176,14 @@ int EvaluateAs(Game& g, int alpha, int beta, int side) {
           p += sg * 75;
           if (s % 11 == 10) p += sg * 50;
           else if (s == 25 || s == 58 || s == 61 || s == 94) p -= sg * 25;
-        } else if (!general || r.LongKings == 0) {
+        } else if (!general || r.LongKings != 1) {
           p += sg * 25;
-          if (general && r.ManCapKing == 0) p += sg * 25;
+          if (general && r.ManCapKing != 1) p += sg * 25;
           if (column == 1 || column == 8) p -= sg * 10;
           if (row == 2 || row == 9) p -= sg * 10;
         } else {
           p += sg * 25;
-          if (r.ManCapKing == 0) p += sg * 25;
+          if (r.ManCapKing != 1) p += sg * 25;
           p += sg * 50;
           if (s % 11 == 10) p += sg * 50;
           else if (s == 25 || s == 58 || s == 61 || s == 94) p -= sg * 25;

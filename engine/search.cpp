@@ -11,44 +11,67 @@ namespace {
 
 constexpr int Used = -32000;
 
-// What differs between the members of the family.
-struct MemberTraits {
-  void (*generate)(Game&, int);
-  int (*evaluate)(Game&, int, int, int);
-  int lowestDepth;
-  bool quick;   // no cancel test on entry, no brute force
-  int noMove;   // 0: -32000; 1: the side without moves wins; -1: it loses
+// What a member of the search family fixes at compile time: its generator and
+// evaluation, how deep it goes, and what a side without moves scores. Quick
+// members (QuickSearch) stop at a shallower depth, ignore a cancel on entry
+// and BruteForce.
+template <SearchMember M, bool Quick>
+struct Member {
+  static constexpr bool Fast = M == SearchMember::Fast1 || M == SearchMember::Fast2 ||
+                               M == SearchMember::Fast3 || M == SearchMember::Fast4;
+  static constexpr int LowestDepth = !Quick ? -4 : Fast ? 0 : -1;
+
+  static void Generate(Game& g, int includeQuiet) {
+    if constexpr (M == SearchMember::Fast1) GenerateShort(g, includeQuiet);
+    else if constexpr (M == SearchMember::Fast2) GenerateShortMaxCap(g, includeQuiet);
+    else if constexpr (M == SearchMember::Fast3) GenerateLongMaxCap(g, includeQuiet);
+    else if constexpr (M == SearchMember::Fast4) GenerateLongCrown(g, includeQuiet);
+    else GenerateMoves(g, includeQuiet);
+  }
+
+  static int Evaluate(Game& g, int alpha, int beta) {
+    if constexpr (M == SearchMember::Fast1) return EvaluateShort(g, alpha, beta, g.SideToMove);
+    else if constexpr (M == SearchMember::Fast2) return EvaluateShortMirror(g, alpha, beta, g.SideToMove);
+    else if constexpr (M == SearchMember::Fast3 || M == SearchMember::Fast4)
+      return EvaluateLong(g, alpha, beta, g.SideToMove);
+    else return qv::Evaluate(g, alpha, beta, g.SideToMove);
+  }
+
+  // The score of a side that has no move at all at a depth above 0: 0 leaves
+  // it at -32000; otherwise the side without moves wins (AntiMode) or loses
+  // by the goal rules' count.
+  static int NoMoveValue(const Game& g, int ply) {
+    if constexpr (M == SearchMember::Anti) return 31999 - ply;
+    else if constexpr (M == SearchMember::Goal) return -(31999 - ply);
+    else if constexpr (Quick && M == SearchMember::General) return g.RuleSet.AntiMode == 1 ? 31999 - ply : 0;
+    else return 0;
+  }
 };
 
-MemberTraits Traits(const Game& g, SearchMember member, bool quick) {
-  switch (member) {
-    case SearchMember::Fast1: return {GenerateShort, EvaluateShort, quick ? 0 : -4, quick, 0};
-    case SearchMember::Fast2: return {GenerateShortMaxCap, EvaluateShortMirror, quick ? 0 : -4, quick, 0};
-    case SearchMember::Fast3: return {GenerateLongMaxCap, EvaluateLong, quick ? 0 : -4, quick, 0};
-    case SearchMember::Fast4: return {GenerateLongCrown, EvaluateLong, quick ? 0 : -4, quick, 0};
-    case SearchMember::Anti: return {GenerateMoves, Evaluate, quick ? -1 : -4, quick, 1};
-    case SearchMember::Goal: return {GenerateMoves, Evaluate, quick ? -1 : -4, quick, quick ? 0 : -1};
-    default: return {GenerateMoves, Evaluate, quick ? -1 : -4, quick, quick && g.RuleSet.AntiMode == 1 ? 1 : 0};
-  }
-}
-
-int Node(Game& g, SearchMember member, const MemberTraits& t, int alpha, int beta, int depth) {
+template <SearchMember M, bool Quick>
+int Node(Game& g, int alpha, int beta, int depth) {
+  using Self = Member<M, Quick>;
   int result = 0;
-  if (!t.quick && g.SearchCancelled == 1) return result;
+  if (!Quick && g.SearchCancelled == 1) return result;
   ++g.NodeCount;
   const int ply = g.Ply;
   g.PVTable[ply][ply].From = 0;
-  const int score = t.evaluate(g, alpha, beta, g.SideToMove);
+  const int score = Self::Evaluate(g, alpha, beta);
   const int ruleLoss = g.RuleLossPending;
+
+  // A side about to lose by the rules looks one ply further; so does a
+  // capture or crowning whose score is near the window.
   if (ruleLoss == 1 && depth + ply < g.HorizonLimit + 1) {
     ++depth;
   } else if (g.CaptureFlagByPly[ply] == 2 - g.Settings.ExtendedSearch && depth + ply < g.HorizonLimit &&
              score >= alpha - g.Settings.Balance && score <= beta + g.Settings.Balance && ply >= 2 &&
-             (member != SearchMember::Anti || depth >= 0)) {
+             (M != SearchMember::Anti || depth >= 0)) {
     ++depth;
   }
-  if (score == 32000 - ply || depth < t.lowestDepth) return score;
-  const bool bruteForce = !t.quick && g.Settings.BruteForce == 1;
+  if (score == 32000 - ply || depth < Self::LowestDepth) return score;
+
+  // Stand pat, at the frontier as well as below it.
+  const bool bruteForce = !Quick && g.Settings.BruteForce == 1;
   if (score >= beta && depth + ruleLoss <= 1) {
     result = score;
     if (!bruteForce) return score;
@@ -56,12 +79,15 @@ int Node(Game& g, SearchMember member, const MemberTraits& t, int alpha, int bet
 
   int best;
   if (depth > 0) {
-    t.generate(g, 0);
-    if (g.PlyBase[ply + 1] <= g.PlyBase[ply]) t.generate(g, 1);
+    Self::Generate(g, 0);
+    if (g.PlyBase[ply + 1] <= g.PlyBase[ply]) Self::Generate(g, 1);
     best = -32000;
-    if (t.noMove != 0 && g.PlyBase[ply + 1] <= g.PlyBase[ply]) best = t.noMove * (31999 - ply);
+    if (g.PlyBase[ply + 1] <= g.PlyBase[ply]) {
+      const int noMove = Self::NoMoveValue(g, ply);
+      if (noMove != 0) best = noMove;
+    }
   } else {
-    t.generate(g, depth);
+    Self::Generate(g, depth);  // captures only; the side may also stop here
     best = score;
   }
   if (g.StopRequest != 0) {
@@ -73,7 +99,7 @@ int Node(Game& g, SearchMember member, const MemberTraits& t, int alpha, int bet
   int cutMove = -1;
   for (int index = SelectNextMove(g); index >= 0; index = SelectNextMove(g)) {
     MakeSearchMove(g, index);
-    const int value = -Node(g, member, t, -beta, -alpha, depth - 1);
+    const int value = -Node<M, Quick>(g, -beta, -alpha, depth - 1);
     UndoSearchMove(g, index);
     if (value > best) {
       best = value;
@@ -94,11 +120,12 @@ int Node(Game& g, SearchMember member, const MemberTraits& t, int alpha, int bet
     g.KillerTable[ply][1] = g.KillerTable[ply][0];
     g.KillerTable[ply][0] = MoveKey{g.MoveStack[cutMove].FromSquare, g.MoveStack[cutMove].ToSquare};
   }
+  // A win found below this node: the shorter one scores higher.
   if (best == 32000) best = 31999 - ply;
   return best;
 }
 
-SearchMember QuickMember(const Game& g) {
+SearchMember FlavourMember(const Game& g) {
   switch (g.Flags.SearchFlavour) {
     case 1: return SearchMember::Fast1;
     case 2: return SearchMember::Fast2;
@@ -108,25 +135,43 @@ SearchMember QuickMember(const Game& g) {
   }
 }
 
+int Dispatch(Game& g, SearchMember member, int alpha, int beta, int depth) {
+  switch (member) {
+    case SearchMember::Anti: return Node<SearchMember::Anti, false>(g, alpha, beta, depth);
+    case SearchMember::Goal: return Node<SearchMember::Goal, false>(g, alpha, beta, depth);
+    case SearchMember::Fast1: return Node<SearchMember::Fast1, false>(g, alpha, beta, depth);
+    case SearchMember::Fast2: return Node<SearchMember::Fast2, false>(g, alpha, beta, depth);
+    case SearchMember::Fast3: return Node<SearchMember::Fast3, false>(g, alpha, beta, depth);
+    case SearchMember::Fast4: return Node<SearchMember::Fast4, false>(g, alpha, beta, depth);
+    default: return Node<SearchMember::General, false>(g, alpha, beta, depth);
+  }
+}
+
+// QuickSearch has one general member and one per fast rule set.
+int DispatchQuick(Game& g, int alpha, int beta, int depth) {
+  switch (g.Flags.SearchFlavour) {
+    case 1: return Node<SearchMember::Fast1, true>(g, alpha, beta, depth);
+    case 2: return Node<SearchMember::Fast2, true>(g, alpha, beta, depth);
+    case 3: return Node<SearchMember::Fast3, true>(g, alpha, beta, depth);
+    case 4: return Node<SearchMember::Fast4, true>(g, alpha, beta, depth);
+    default: return Node<SearchMember::General, true>(g, alpha, beta, depth);
+  }
+}
+
 }  // namespace
 
 SearchMember SearchMemberFor(const Game& g) {
-  if (g.Flags.SearchFlavour > 0) return QuickMember(g);
+  if (g.Flags.SearchFlavour > 0) return FlavourMember(g);
   if (g.RuleSet.AntiMode == 1) return SearchMember::Anti;
-  if (g.RuleSet.WinAtPromo == 0 && g.RuleSet.KingWin == 0) return SearchMember::General;
+  if (g.RuleSet.WinAtPromo != 1 && g.RuleSet.KingWin != 1) return SearchMember::General;
   return SearchMember::Goal;
 }
 
 int SearchNode(Game& g, SearchMember member, int alpha, int beta, int depth) {
-  const MemberTraits traits = Traits(g, member, false);
-  return Node(g, member, traits, alpha, beta, depth);
+  return Dispatch(g, member, alpha, beta, depth);
 }
 
-int QuickSearch(Game& g, int alpha, int beta, int depth) {
-  const SearchMember member = QuickMember(g);
-  const MemberTraits traits = Traits(g, member, true);
-  return Node(g, member, traits, alpha, beta, depth);
-}
+int QuickSearch(Game& g, int alpha, int beta, int depth) { return DispatchQuick(g, alpha, beta, depth); }
 
 int QuickScoreAt(Game& g, int depth) {
   if (g.Flags.SearchFlavour == 0 && g.RuleSet.PiecesOnBlack == 2) --depth;
