@@ -8,8 +8,9 @@
 namespace qv {
 
 // The moves the search tries first at the current ply: the last main line
-// (row 0 of PVTable, column Ply),
-// then the two killers, and the square the opponent's last move landed on.
+// (row 0 of PVTable, column Ply), then the two killers, and captures landing
+// where the mover's own previous move landed (PrevToSquare one ply up, which
+// is two half-moves back, not the opponent's last landing).
 struct OrderKeys {
   MoveKey MainLine, Killer1, Killer2;
   int RecaptureSquare = -1;
