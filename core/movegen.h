@@ -10,10 +10,8 @@ namespace qv {
 void GenerateMoves(Game& g, int includeQuiet);
 
 // The two-step call every caller makes: captures first, then, if none came,
-// everything else.
-inline void GenerateLegalMoves(Game& g) {
-  GenerateMoves(g, 0);
-  if (g.PlyBase[g.Ply + 1] <= g.PlyBase[g.Ply]) GenerateMoves(g, 1);
-}
+// everything else. Where the rules allow it both steps are one walk over the
+// board; the moves are the same either way.
+void GenerateLegalMoves(Game& g);
 
 }  // namespace qv

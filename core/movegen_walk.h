@@ -45,6 +45,18 @@ class MoveWalk {
     }
   }
 
+  // The first step of the two-step call for any rule set, taking in the quiet
+  // moves of the second step where the rules make them a plain list of each
+  // piece's steps (captures compulsory, nothing dropped). The caller still
+  // makes the second step when this leaves the ply empty.
+  void RunCapturesFirst() {
+    try {
+      Walk(0, R::CapRequired(g) == 1 && R::canContract(g) == 0);
+    } catch (const RangeError&) {
+      throw FatalError(FatalText());
+    }
+  }
+
  private:
   Game& g;
   GeneratorWork& w;
@@ -113,7 +125,11 @@ class MoveWalk {
       }
     }
     if (w.CandCount > 0 && FilterCandidates(includeQuiet, startTop)) return true;
-    if (quietWhenNoCapture && g.MoveTop == startTop) PushAllQuietMoves();
+    // Without a single jump the second step would give exactly the quiet moves
+    // of each piece in turn. The general filters may drop every line found;
+    // the second step then lists the captures again, so it is left to it.
+    if (quietWhenNoCapture && g.MoveTop == startTop && !(R::Filter == CaptureFilter::General && w.CandCount > 0))
+      PushAllQuietMoves();
     if (!R::Probe) g.PlyBase[g.Ply + 1] = g.MoveTop;
     return false;
   }

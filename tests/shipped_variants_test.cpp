@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -32,6 +33,23 @@ std::vector<Shipped> AllShipped() {
     for (const std::string& name : FillVariantList(VariantFolder(ShippedData, useClassic)))
       all.push_back({name, useClassic});
   return all;
+}
+
+// GenerateLegalMoves against its two steps made one after the other.
+bool SameAsTwoSteps(Game& g) {
+  GenerateLegalMoves(g);
+  std::vector<MoveRecord> oneWalk(&g.MoveStack[g.PlyBase[g.Ply]], &g.MoveStack[g.PlyBase[g.Ply]] + (g.PlyBase[g.Ply + 1] - g.PlyBase[g.Ply]));
+  GenerateMoves(g, 0);
+  if (g.PlyBase[g.Ply + 1] <= g.PlyBase[g.Ply]) GenerateMoves(g, 1);
+  if (static_cast<int>(oneWalk.size()) != g.PlyBase[g.Ply + 1] - g.PlyBase[g.Ply]) return false;
+  for (std::size_t i = 0; i < oneWalk.size(); ++i) {
+    const MoveRecord& a = oneWalk[i];
+    const MoveRecord& b = g.MoveStack[g.PlyBase[g.Ply] + static_cast<int>(i)];
+    if (a.FromSquare != b.FromSquare || a.ToSquare != b.ToSquare || a.PromoteFlag != b.PromoteFlag ||
+        a.OrderScore != b.OrderScore || std::memcmp(a.CaptureText.Cells, b.CaptureText.Cells, CaptureTextSize) != 0)
+      return false;
+  }
+  return true;
 }
 
 std::unique_ptr<Game> StartShipped(const Shipped& v, unsigned seed = 7) {
@@ -96,7 +114,7 @@ TEST(ShippedVariants, PlayRandomGamesAndPerft) {
       auto g = StartShipped(v, seed);
       auto playRandomGame = [&g] {
         for (int halfMove = 0; halfMove < 300; ++halfMove) {
-          GenerateLegalMoves(*g);
+          ASSERT_TRUE(SameAsTwoSteps(*g)) << "half-move " << halfMove;
           const int first = g->PlyBase[0], count = g->PlyBase[1] - first;
           if (count == 0) return;
           MakeSearchMove(*g, first + static_cast<int>(g->Rnd() * count));
