@@ -3,6 +3,7 @@
 #include <array>
 
 #include "core/newgame.h"
+#include "core/rule_policies.h"
 
 namespace qv {
 
@@ -18,17 +19,16 @@ struct FastRuleSet {
   std::string_view men;
   int ManCapKing, MaxCapMove, MaxCapMoveKings, KingCapMove, LongKings, ManContJump, ManContJumpCrowned,
       RemovePieces, ThreeKings, NumberKings, BlackStarts, PiecesOnBlack;
-  std::array<int, 4> white, black;
 };
 
 // American; Italian; long kings with majority capture, a man passing the far
 // row uncrowned (Brazilian, International); long kings crowned in passing with
-// the three-kings draw (Russian).
+// the three-kings draw (Russian). Their promotion squares: FastPromoSquares.
 constexpr FastRuleSet FastRuleSets[] = {
-    {1, MenForward, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 1, {92, 94, 96, 98}, {21, 23, 25, 27}},
-    {2, MenForward, 0, 1, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0, {91, 93, 95, 97}, {22, 24, 26, 28}},
-    {3, MenBoth, 1, 1, 0, 0, 1, 1, 0, 1, 0, 0, 0, 1, {92, 94, 96, 98}, {21, 23, 25, 27}},
-    {4, MenBoth, 1, 0, 0, 0, 1, 1, 1, 1, 1, 15, 0, 1, {92, 94, 96, 98}, {21, 23, 25, 27}},
+    {1, MenForward, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 1},
+    {2, MenForward, 0, 1, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0},
+    {3, MenBoth, 1, 1, 0, 0, 1, 1, 0, 1, 0, 0, 0, 1},
+    {4, MenBoth, 1, 0, 0, 0, 1, 1, 1, 1, 1, 15, 0, 1},
 };
 
 bool CommonRulesHold(const Game& g) {
@@ -61,7 +61,8 @@ bool Matches(const Game& g, const FastRuleSet& f) {
          r.LongKings == f.LongKings && r.ManContJump == f.ManContJump &&
          r.ManContJumpCrowned == f.ManContJumpCrowned && r.RemovePieces == f.RemovePieces &&
          r.ThreeKings == f.ThreeKings && r.NumberKings == f.NumberKings && r.BlackStarts == f.BlackStarts &&
-         r.PiecesOnBlack == f.PiecesOnBlack && PromoSquaresAre(r.PromoSquares, f.white, f.black);
+         r.PiecesOnBlack == f.PiecesOnBlack &&
+         PromoSquaresAre(r.PromoSquares, FastPromoSquares(f.flavour)[0], FastPromoSquares(f.flavour)[1]);
 }
 
 }  // namespace

@@ -62,14 +62,23 @@ class MoveWalk {
   GeneratorWork& w;
   const int side;
   const OrderKeys order;
-  // Promotion squares of each side as bits by cell, built once a call.
-  std::uint64_t promoBits[2][2] = {};
+  // The promotion squares of the side to move as bits by cell: fixed for a
+  // fast rule set, else built once a call. Only its own men are ever tested.
+  std::uint64_t promoBits[2] = {};
+  std::uint64_t ownBits = 0;  // the side's pieces when the walk began (OwnPieces)
   int cell = 0;      // the square of the piece being traced
   int v = 0;         // its value at the start
   int piece = 0;     // its value now (a man crowned in the line becomes a king)
   int kind = 0;
-  int slide = 0;
-  bool found = false;  // probe: a move exists
+  int slide = 0;      // 1 while the piece moves and jumps as a long king; read through Slide()
+  bool found = false;  // probe: a move exists (never set otherwise)
+
+  // Always 0 where the rules never let a piece slide, so that the compiler
+  // drops the long-king paths.
+  int Slide() const {
+    if constexpr (R::MaySlide) return slide;
+    else return 0;
+  }
 
   std::string FatalText() const {
     std::string text = "X=" + std::to_string(w.Depth) + "   K=" + std::to_string(w.CandCount) +
@@ -79,16 +88,39 @@ class MoveWalk {
     return text;
   }
 
-  bool IsPromo(int promoSide, int target) const {
-    return (promoBits[promoSide][target >> 6] >> (target & 63)) & 1;
+  bool IsPromo(int target) const {
+    if constexpr (R::FixedBoardRules) return (R::PromoBits[side == 1 ? 0 : 1][target >> 6] >> (target & 63)) & 1;
+    else return (promoBits[target >> 6] >> (target & 63)) & 1;
   }
   void BuildPromoBits() {
-    for (int promoSide = 0; promoSide < 2; ++promoSide) {
-      const auto& list = g.RuleSet.PromoSquares[promoSide];
+    if constexpr (!R::FixedBoardRules) {
+      const auto& list = g.RuleSet.PromoSquares[side == 1 ? 0 : 1];
       for (int i = 0; i < R::PromoEntries; ++i) {
         const int target = list.Cells[i];
-        if (target >= 0 && target < 128) promoBits[promoSide][target >> 6] |= std::uint64_t{1} << (target & 63);
+        if (target >= 0 && target < 128) promoBits[target >> 6] |= std::uint64_t{1} << (target & 63);
       }
+    }
+  }
+
+  // Calls step(steps) with direction row `row` (see DirTable): the compile-time
+  // list of a fast rule set, so that each row's loop is unrolled, or the row
+  // of the rules in force.
+  template <class F>
+  bool OnRow(int row, F&& step) {
+    if constexpr (R::FixedBoardRules) {
+      switch (row) {
+        case 0: return step(R::template Steps<0>());
+        case 1: return step(R::template Steps<1>());
+        case 2: return step(R::template Steps<2>());
+        case 3: return step(R::template Steps<3>());
+        case 4: return step(R::template Steps<4>());
+        case 5: return step(R::template Steps<5>());
+        case 6: return step(R::template Steps<6>());
+        case 7: return step(R::template Steps<7>());
+        default: RaiseRangeError(row, DirectionTable::size());
+      }
+    } else {
+      return step(RowSteps{g.DirTable[row].Cells});
     }
   }
 
@@ -109,6 +141,7 @@ class MoveWalk {
     if (!R::Probe) g.MoveTop = startTop;
     BuildPromoBits();
 
+    ownBits = OwnPieces();
     if (quiet > 0 && R::canContract(g) == 1) {
       // Drops are tested on every cell, occupied or not.
       for (int square = 21; square <= 98; ++square) {
@@ -116,10 +149,10 @@ class MoveWalk {
         if (value != 0 && value != OffBoard && value * side > 0 && VisitPiece(square, value, quiet)) return true;
         cell = square;
         DropStep();
-        if (found) return true;
+        if (R::Probe && found) return true;
       }
     } else {
-      for (std::uint64_t own = OwnPieces(); own != 0; own &= own - 1) {
+      for (std::uint64_t own = ownBits; own != 0; own &= own - 1) {
         const int square = SquareOfBit(std::countr_zero(own));
         if (VisitPiece(square, g.Board.Cells[square], quiet)) return true;
       }
@@ -142,15 +175,12 @@ class MoveWalk {
     kind = PieceKind(v);
     piece = v;
     slide = (R::LongKings(g) == 1 && kind >= KindWhiteKing) ? 1 : 0;
-    if (quiet > 0) {
-      QuietMoves();
-      if (found) return true;
-    }
+    if (quiet > 0 && QuietMoves()) return true;
     w.SharedCounter = TraceDepths;
     if (R::ManCapMoveKing(g) == 1 && kind < KindWhiteKing) slide = 1;
     // Without a first jump the trace would find nothing and leave nothing
     // behind, so it is not started.
-    if (!HasFirstJump()) return false;
+    if (!OnRow(kind + 4, [this](auto steps) { return HasFirstJump(steps); })) return false;
     for (int i = 0; i <= w.DeepestLevel; ++i) {
       w.DirIndex[i] = -1;
       w.LandStep[i] = 0;
@@ -200,10 +230,12 @@ class MoveWalk {
     }
     return own;
   }
-  static int SquareOfBit(int bit) { return (bit / 8 + 2) * 10 + bit % 8 + 1; }
+  // Bit row * 8 + column is cell (row + 2) * 10 + column + 1.
+  static int SquareOfBit(int bit) { return bit + (bit >> 3) * 2 + 21; }
 
+  // After the capture pass: the trace leaves the board as it found it.
   void PushAllQuietMoves() {
-    for (std::uint64_t own = OwnPieces(); own != 0; own &= own - 1) {
+    for (std::uint64_t own = ownBits; own != 0; own &= own - 1) {
       cell = SquareOfBit(std::countr_zero(own));
       v = g.Board.Cells[cell];
       kind = PieceKind(v);
@@ -216,15 +248,15 @@ class MoveWalk {
   // Whether the piece has a first jump at all. When it has none the trace
   // would find nothing and change nothing that outlives the piece, so it is
   // skipped.
-  bool HasFirstJump() const {
-    const DirectionRow& steps = g.DirTable[kind + 4];
-    for (int i = 0; steps[i] != EndOfList; ++i) {
+  template <class Steps>
+  bool HasFirstJump(Steps steps) const {
+    for (int i = 0; steps.More(i); ++i) {
       const int d = steps[i];
       // A square plus one or two steps of at most 20 cells stays inside the
       // frame, so these reads need no range check.
       const int* board = g.Board.Cells;
       int t = cell + d;
-      if (slide == 1)
+      if (Slide() == 1)
         while (board[t] == 0) t += d;
       const int target = board[t];
       if (target == 0 || target == OffBoard) continue;
@@ -242,27 +274,32 @@ class MoveWalk {
     else PushCrowning(g, order, cell, to, PathText{}, v);
   }
 
-  void QuietMoves() {
-    const DirectionRow& steps = g.DirTable[kind];
-    const int promoSide = kind == KindWhiteMan ? 0 : 1;
-    for (int i = 0; steps[i] != EndOfList; ++i) {
+  // True when the probe found a move.
+  bool QuietMoves() {
+    return OnRow(kind, [this](auto steps) { return QuietMovesAlong(steps); });
+  }
+  template <class Steps>
+  bool QuietMovesAlong(Steps steps) {
+    const int from = cell;
+    const int* board = g.Board.Cells;
+    for (int i = 0; steps.More(i); ++i) {
       const int d = steps[i];
       // One step of at most 20 cells from a square, or a slide that ends at
       // the frame, stays inside the board array.
-      const int* board = g.Board.Cells;
-      if (slide) {
-        for (int t = cell + d; board[t] == 0; t += d) EmitQuiet(t);
+      if (Slide() == 1) {
+        for (int t = from + d; board[t] == 0; t += d) EmitQuiet(t);
       } else {
-        const int t = cell + d;
+        const int t = from + d;
         if (board[t] == 0) {
-          if (kind < KindWhiteKing && IsPromo(promoSide, t)) EmitCrowningStep(t);
+          if (kind < KindWhiteKing && IsPromo(t)) EmitCrowningStep(t);
           else EmitQuiet(t);
         } else if (R::JumpFriend(g) == 1 && g.Board[t] == v) {
           HopOverFriends(d, t);
         }
       }
-      if (found) return;
+      if (R::Probe && found) return true;
     }
+    return false;
   }
 
   // A hop over a row of own pieces of the same kind, as a quiet move.
@@ -310,8 +347,9 @@ class MoveWalk {
     }
   }
 
+  // landing is a cell with a piece on it plus at most 20 cells, inside the frame.
   bool Capturable(int landing, int target) const {
-    if (g.Board[landing] != 0 || landing < 21) return false;
+    if (g.Board.Cells[landing] != 0 || landing < 21) return false;
     switch (piece) {
       case WhiteMan: return target == BlackMan || (target == BlackKing && R::ManCapKing(g) == 1);
       case WhiteKing: return target == BlackMan || target == BlackKing;
@@ -339,11 +377,11 @@ class MoveWalk {
       }
     }
     const int step = w.StepOffset[w.Depth];
-    if (slide == 0 || R::KingFirst(g) == 1) w.Here -= step;
+    if (Slide() == 0 || R::KingFirst(g) == 1) w.Here -= step;
     else w.Here -= w.LandStep[w.Depth] * step;
     g.Board[w.Here] += 10;
     w.Returned = 1;
-    if (slide == 1) w.Here -= w.JumpDist[w.Depth] * step;
+    if (Slide() == 1) w.Here -= w.JumpDist[w.Depth] * step;
     else w.Here -= step;
     if (withCrownTests && w.Crowned == 1 && w.Arrived != 0) {
       w.Crowned = 0;
@@ -374,13 +412,13 @@ class MoveWalk {
       TakeBackJump(true);
     }
     g.Board[w.Here] = piece;
-    if (slide == 0 || R::KingFirst(g) == 1) goto NextDirection;
+    if (Slide() == 0 || R::KingFirst(g) == 1) goto NextDirection;
     d = g.DirTable[kind + 4][w.DirIndex[w.Depth]];  // same direction, next landing
 
   TryDirection:
     ++w.LandStep[w.Depth];
     origin = w.Here;
-    if (slide == 1) {
+    if (Slide() == 1) {
       for (int k = 1;; ++k) {
         w.Here += d;
         const int c = g.Board[w.Here];
@@ -403,9 +441,9 @@ class MoveWalk {
         goto NextDirection;
       }
     }
-    landing = (slide == 0 || R::KingFirst(g) == 1) ? w.Here + d : w.Here + w.LandStep[w.Depth] * d;
+    landing = (Slide() == 0 || R::KingFirst(g) == 1) ? w.Here + d : w.Here + w.LandStep[w.Depth] * d;
     if (!Capturable(landing, g.Board[w.Here])) {
-      if (slide == 0 || R::KingFirst(g) == 1) {
+      if (Slide() == 0 || R::KingFirst(g) == 1) {
         w.Here = origin;
         goto NextDirection;
       }
@@ -434,7 +472,7 @@ class MoveWalk {
     g.Board[landing] = piece;
     w.Here = landing;
     w.Arrived = 0;
-    if (kind < KindWhiteKing && IsPromo(side == 1 ? 0 : 1, w.Here)) w.Arrived = 1;
+    if (kind < KindWhiteKing && IsPromo(w.Here)) w.Arrived = 1;
     if (R::ManContJumpCrowned(g) == 1 && w.Arrived == 1 && w.Crowned == 0) {
       w.Crowned = 1;
       w.CrownCell = w.Here;
@@ -451,7 +489,7 @@ class MoveWalk {
     w.LastPath = w.Path;
     TakeBackJump(false);
     g.Board[w.Here] = piece;
-    if (slide == 1) goto TryDirection;
+    if (Slide() == 1) goto TryDirection;
     goto NextDirection;
   }
 

@@ -5,6 +5,7 @@
 
 #include <cstring>
 
+#include "core/rule_policies.h"
 #include "core/searchgen.h"
 #include "position_helpers.h"
 
@@ -71,6 +72,42 @@ TEST_P(FastGenerator, MatchesTheGeneralGeneratorOnRandomGames) {
   }
   EXPECT_GT(compared, 6000);
   EXPECT_GT(captures, 600);
+}
+
+// The direction rows and promotion squares a fast generator has built in are
+// those the rule set's texts give.
+template <int Flavour, int Row>
+std::vector<int> FixedRow() {
+  const auto steps = FastRules<Flavour>::template Steps<Row>();
+  std::vector<int> row;
+  for (int i = 0; steps.More(i); ++i) row.push_back(steps[i]);
+  return row;
+}
+template <int Flavour>
+void ExpectFixedBoardRules() {
+  auto g = testing::NewTestGame();
+  testing::ApplyRules(*g, testing::FastRuleSet(Flavour));
+  ASSERT_EQ(g->Flags.SearchFlavour, Flavour);
+  const std::vector<int> fixed[8] = {FixedRow<Flavour, 0>(), FixedRow<Flavour, 1>(), FixedRow<Flavour, 2>(),
+                                     FixedRow<Flavour, 3>(), FixedRow<Flavour, 4>(), FixedRow<Flavour, 5>(),
+                                     FixedRow<Flavour, 6>(), FixedRow<Flavour, 7>()};
+  for (int row = 0; row < 8; ++row) {
+    std::vector<int> parsed;
+    for (int i = 0; g->DirTable[row][i] != EndOfList; ++i) parsed.push_back(g->DirTable[row][i]);
+    EXPECT_EQ(fixed[row], parsed) << "flavour " << Flavour << " row " << row;
+  }
+  for (int side = 0; side < 2; ++side)
+    for (int cell = 0; cell < 120; ++cell)
+      EXPECT_EQ(IsPromoSquare(g->RuleSet.PromoSquares, side, cell),
+                ((FastRules<Flavour>::PromoBits[side][cell >> 6] >> (cell & 63)) & 1) == 1)
+          << "flavour " << Flavour << " side " << side << " cell " << cell;
+}
+
+TEST(FastGenerator, BuiltInDirectionsAndPromotionSquaresAreTheRuleSets) {
+  ExpectFixedBoardRules<1>();
+  ExpectFixedBoardRules<2>();
+  ExpectFixedBoardRules<3>();
+  ExpectFixedBoardRules<4>();
 }
 
 INSTANTIATE_TEST_SUITE_P(RuleSets, FastGenerator, ::testing::Values(1, 2, 3, 4));
