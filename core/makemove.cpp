@@ -32,22 +32,31 @@ int LoneMan(const Game& g, int side) {
   return worth == 1 ? cell : 0;
 }
 
+// An index into the tables of one size, checked once for all of them.
+int CheckedIndex(int index, int size) {
+  if (static_cast<unsigned>(index) >= static_cast<unsigned>(size)) RaiseRangeError(index, size);
+  return index;
+}
+
 }  // namespace
 
 void MakeSearchMove(Game& g, int index) {
   const MoveRecord& m = g.MoveStack[index];
   const int from = m.FromSquare, to = m.ToSquare;
   ++g.HalfMoveCount;
-  const int h = g.HalfMoveCount;
-  g.Record.LastToByMove[h] = to;
+  // h indexes the record tables, p and p - 1 the per-ply tables: each is
+  // checked once here.
+  const int h = CheckedIndex(g.HalfMoveCount, RecordSize);
+  g.Record.LastToByMove.Cells[h] = to;
   ++g.Ply;
-  const int p = g.Ply;
-  g.PrevToSquare[p] = to;
-  g.CaptureFlagByPly[p] = 0;
-  g.Record.KingManMark[h] = 0;
-  g.Record.ManKingCell[h] = 0;
-  g.MaterialByPly[p] = -g.MaterialByPly[p - 1];
-  g.ActivityByPly[p] = g.ActivityByPly[p - 1];
+  const int p = CheckedIndex(g.Ply, PlyRows);
+  CheckedIndex(p - 1, PlyRows);
+  g.PrevToSquare.Cells[p] = to;
+  g.CaptureFlagByPly.Cells[p] = 0;
+  g.Record.KingManMark.Cells[h] = 0;
+  g.Record.ManKingCell.Cells[h] = 0;
+  g.MaterialByPly.Cells[p] = -g.MaterialByPly.Cells[p - 1];
+  g.ActivityByPly.Cells[p] = g.ActivityByPly.Cells[p - 1];
 
   bool moved = false;
   if (m.IsCapture()) {

@@ -349,6 +349,8 @@ class MoveWalk {
 
   // landing is a cell with a piece on it plus at most 20 cells, inside the frame.
   bool Capturable(int landing, int target) const {
+    // Only a piece of the other side can be taken: a quick first test.
+    if (target * piece >= 0) return false;
     if (g.Board.Cells[landing] != 0 || landing < 21) return false;
     switch (piece) {
       case WhiteMan: return target == BlackMan || (target == BlackKing && R::ManCapKing(g) == 1);
