@@ -368,7 +368,7 @@ class MoveWalk {
   // back to where the jump started.
   void TakeBackJump(bool withCrownTests) {
     w.Path.DropLast();
-    g.Board[w.Here] = 0;
+    g.Board.Cells[w.Here] = 0;
     if (withCrownTests && w.Crowned == 1) {
       w.Arrived = 0;
       if (w.Here == w.CrownCell && w.Depth == w.CrownDepth && piece == 2 * side) w.Arrived = side;
@@ -378,32 +378,37 @@ class MoveWalk {
         slide = 0;
       }
     }
-    const int step = w.StepOffset[w.Depth];
+    const int step = w.StepOffset.Cells[w.Depth];
     if (Slide() == 0 || R::KingFirst(g) == 1) w.Here -= step;
-    else w.Here -= w.LandStep[w.Depth] * step;
-    g.Board[w.Here] += 10;
+    else w.Here -= w.LandStep.Cells[w.Depth] * step;
+    g.Board.Cells[w.Here] += 10;
     w.Returned = 1;
-    if (Slide() == 1) w.Here -= w.JumpDist[w.Depth] * step;
+    if (Slide() == 1) w.Here -= w.JumpDist.Cells[w.Depth] * step;
     else w.Here -= step;
     if (withCrownTests && w.Crowned == 1 && w.Arrived != 0) {
       w.Crowned = 0;
-      g.Board[w.Here] = side;
+      g.Board.Cells[w.Here] = side;
       piece = side;
       kind = ManKindOfSide();
     }
   }
 
+  // The tables by depth are read unchecked: Depth is checked when a level is
+  // entered and only goes back down from there. Here, origin and landing are
+  // squares or a cell one step past a square, inside the frame; a direction
+  // row is read up to its end mark.
   void Trace() {
     int d = 0, origin = 0, landing = 0;
   EnterLevel:
     ++w.Depth;
+    if (static_cast<unsigned>(w.Depth) >= static_cast<unsigned>(TraceDepths)) RaiseRangeError(w.Depth, TraceDepths);
     w.DeepestLevel = std::max(w.DeepestLevel, std::min(w.Depth, TraceDepths - 1));
   NextDirection:
-    ++w.DirIndex[w.Depth];
-    d = g.DirTable[kind + 4][w.DirIndex[w.Depth]];
+    ++w.DirIndex.Cells[w.Depth];
+    d = g.DirTable[kind + 4].Cells[w.DirIndex.Cells[w.Depth]];
     if (d != EndOfList) goto TryDirection;
     // The directions of this level are exhausted.
-    w.DirIndex[w.Depth] = -1;
+    w.DirIndex.Cells[w.Depth] = -1;
     --w.Depth;
     if (w.Depth < 0) return;
     if (w.Path.Length == 0) {
@@ -413,48 +418,48 @@ class MoveWalk {
         RecordLine(false);
       TakeBackJump(true);
     }
-    g.Board[w.Here] = piece;
+    g.Board.Cells[w.Here] = piece;
     if (Slide() == 0 || R::KingFirst(g) == 1) goto NextDirection;
-    d = g.DirTable[kind + 4][w.DirIndex[w.Depth]];  // same direction, next landing
+    d = g.DirTable[kind + 4].Cells[w.DirIndex.Cells[w.Depth]];  // same direction, next landing
 
   TryDirection:
-    ++w.LandStep[w.Depth];
+    ++w.LandStep.Cells[w.Depth];
     origin = w.Here;
     if (Slide() == 1) {
       for (int k = 1;; ++k) {
         w.Here += d;
-        const int c = g.Board[w.Here];
+        const int c = g.Board.Cells[w.Here];
         if (c == OffBoard || (R::RemovePieces(g) == 1 && c < MarkedRemovedBelow)) {
           w.Here = origin;
-          w.LandStep[w.Depth] = 0;
+          w.LandStep.Cells[w.Depth] = 0;
           goto NextDirection;
         }
         if (c != 0 && c >= MarkedBelow &&
-            (w.Depth == 0 || d != -w.StepOffset[w.Depth - 1] || R::CapReverse(g) == 1)) {
-          w.JumpDist[w.Depth] = k;
+            (w.Depth == 0 || d != -w.StepOffset.Cells[w.Depth - 1] || R::CapReverse(g) == 1)) {
+          w.JumpDist.Cells[w.Depth] = k;
           break;
         }
       }
     } else {
       w.Here += d;
-      const int c = g.Board[w.Here];
+      const int c = g.Board.Cells[w.Here];
       if (c == 0 || c == OffBoard || (R::RemovePieces(g) == 1 && c < MarkedRemovedBelow)) {
         w.Here = origin;  // LandStep stays as it is
         goto NextDirection;
       }
     }
-    landing = (Slide() == 0 || R::KingFirst(g) == 1) ? w.Here + d : w.Here + w.LandStep[w.Depth] * d;
-    if (!Capturable(landing, g.Board[w.Here])) {
+    landing = (Slide() == 0 || R::KingFirst(g) == 1) ? w.Here + d : w.Here + w.LandStep.Cells[w.Depth] * d;
+    if (!Capturable(landing, g.Board.Cells[w.Here])) {
       if (Slide() == 0 || R::KingFirst(g) == 1) {
         w.Here = origin;
         goto NextDirection;
       }
-      const int c = g.Board[landing];
+      const int c = g.Board.Cells[landing];
       if ((c == 0 || c < MarkedBelow) && !(R::RemovePieces(g) == 1 && c < MarkedRemovedBelow)) {
         w.Here = origin;  // a long jumper looks further along the line
         goto TryDirection;
       }
-      w.LandStep[w.Depth] = 0;
+      w.LandStep.Cells[w.Depth] = 0;
       w.Here = origin;
       goto NextDirection;
     }
@@ -466,12 +471,12 @@ class MoveWalk {
       w.RecaptureList[w.RecaptureCount] = w.CandCount;
     }
     w.Returned = 0;
-    w.StepOffset[w.Depth] = d;
-    w.Path.Append(std::abs(g.Board[w.Here]), w.Here);
+    w.StepOffset.Cells[w.Depth] = d;
+    w.Path.Append(std::abs(g.Board.Cells[w.Here]), w.Here);
     w.TracePeak = std::max(w.TracePeak, w.Path.Length);
-    g.Board[w.Here] -= 10;
-    g.Board[origin] = 0;
-    g.Board[landing] = piece;
+    g.Board.Cells[w.Here] -= 10;
+    g.Board.Cells[origin] = 0;
+    g.Board.Cells[landing] = piece;
     w.Here = landing;
     w.Arrived = 0;
     if (kind < KindWhiteKing && IsPromo(w.Here)) w.Arrived = 1;
@@ -480,7 +485,7 @@ class MoveWalk {
       w.CrownCell = w.Here;
       w.CrownDepth = w.Depth;
       piece = 2 * side;
-      g.Board[w.Here] = piece;
+      g.Board.Cells[w.Here] = piece;
       kind = side == 1 ? KindWhiteKing : KindBlackKing;
       slide = 1;  // from here on it jumps as a long king
     }
@@ -490,7 +495,7 @@ class MoveWalk {
     RecordLine(true);
     w.LastPath = w.Path;
     TakeBackJump(false);
-    g.Board[w.Here] = piece;
+    g.Board.Cells[w.Here] = piece;
     if (Slide() == 1) goto TryDirection;
     goto NextDirection;
   }
