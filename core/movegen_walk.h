@@ -202,32 +202,33 @@ class MoveWalk {
   std::uint64_t OwnPieces() const {
     const int* board = g.Board.Cells;
     std::uint64_t own = 0;
+#ifdef __SSE2__
+    // Two rows at a time: their sixteen cells narrowed to bytes with the sign
+    // kept (saturation leaves 0, OffBoard and every sign as they are), then
+    // one mask. White's pieces are 1..99, Black's below 0.
+    for (int row = 0; row < 8; row += 2) {
+      const int* first = board + (row + 2) * 10 + 1;
+      const int* second = first + 10;
+      const __m128i a = _mm_packs_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(first)),
+                                        _mm_loadu_si128(reinterpret_cast<const __m128i*>(first + 4)));
+      const __m128i b = _mm_packs_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(second)),
+                                        _mm_loadu_si128(reinterpret_cast<const __m128i*>(second + 4)));
+      __m128i bytes = _mm_packs_epi16(a, b);
+      if (side > 0) {
+        const __m128i zero = _mm_setzero_si128(), frame = _mm_set1_epi8(static_cast<char>(OffBoard));
+        bytes = _mm_and_si128(_mm_cmpgt_epi8(bytes, zero), _mm_cmplt_epi8(bytes, frame));
+      }
+      own |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(bytes))) << (row * 8);
+    }
+#else
     for (int row = 0; row < 8; ++row) {
       const int* cells = board + (row + 2) * 10 + 1;
-#ifdef __SSE2__
-      // Eight cells in two compares: White's pieces are 1..99, Black's below 0.
-      const __m128i low = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cells));
-      const __m128i high = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cells + 4));
-      __m128i a, b;
-      if (side > 0) {
-        const __m128i zero = _mm_setzero_si128(), frame = _mm_set1_epi32(OffBoard);
-        a = _mm_and_si128(_mm_cmpgt_epi32(low, zero), _mm_cmplt_epi32(low, frame));
-        b = _mm_and_si128(_mm_cmpgt_epi32(high, zero), _mm_cmplt_epi32(high, frame));
-      } else {
-        a = low;  // the sign bit is the answer
-        b = high;
-      }
-      const unsigned bits = static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(a))) |
-                            (static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(b))) << 4);
-#else
-      unsigned bits = 0;
       for (int column = 0; column < 8; ++column) {
         const int x = cells[column];
-        bits |= static_cast<unsigned>(side > 0 ? (x > 0 && x < OffBoard) : (x < 0)) << column;
+        own |= static_cast<std::uint64_t>(side > 0 ? (x > 0 && x < OffBoard) : (x < 0)) << (row * 8 + column);
       }
-#endif
-      own |= static_cast<std::uint64_t>(bits) << (row * 8);
     }
+#endif
     return own;
   }
   // Bit row * 8 + column is cell (row + 2) * 10 + column + 1.
