@@ -180,7 +180,13 @@ class MoveWalk {
     if (R::ManCapMoveKing(g) == 1 && kind < KindWhiteKing) slide = 1;
     // Without a first jump the trace would find nothing and leave nothing
     // behind, so it is not started.
-    if (!OnRow(kind + 4, [this](auto steps) { return HasFirstJump(steps); })) return false;
+    if (OnRow(kind + 4, [this](auto steps) { return HasFirstJump(steps); })) TracePiece();
+    return false;
+  }
+
+  // The capture trace of the piece on `cell`, apart from the piece loop:
+  // most pieces have no jump.
+  void TracePiece() {
     for (int i = 0; i <= w.DeepestLevel; ++i) {
       w.DirIndex[i] = -1;
       w.LandStep[i] = 0;
@@ -194,7 +200,6 @@ class MoveWalk {
     w.Returned = 0;
     w.TracePeak = 0;
     Trace();
-    return false;
   }
 
   // The squares of the side's pieces as bits, in rising cell order: one pass
