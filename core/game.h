@@ -192,10 +192,6 @@ struct Game {
   int HorizonLimit = 0;
   int SearchCancelled = 0;
   long long NodeCount = 0;  // search nodes visited, for the benchmarks
-  // What the computer's turn said while it thought on the worker thread, for
-  // the window to show once the move stands.
-  std::string PendingStatus, PendingCalculation, PendingCaption, PendingMessage;
-  int PendingDrawOffer = 0;  // the computer's "How about a draw?", asked once the move shows
   int ThreeKingsSince = 0;
   int TwoKingsSince = 0;
   std::string ResultNote;

@@ -441,9 +441,9 @@ void MainWindow::StartComputerTurn(TurnReason reason) {
     try {
       RunComputerJob(
           g, reason, pause,
-          [this] {
+          [this](const TurnWords& words) {
             QMetaObject::invokeMethod(
-                this, [this] { EnterComputerMove(session_); }, Qt::BlockingQueuedConnection);
+                this, [this, &words] { EnterComputerMove(session_, words); }, Qt::BlockingQueuedConnection);
           },
           &thinking_);
     } catch (const FatalError& e) {

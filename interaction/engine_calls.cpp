@@ -43,38 +43,42 @@ class WindowDriverUi : public DriverUi {
   Session& s_;
 };
 
-// The engine's words while it thinks on the worker thread: kept, and shown by
-// the window thread once the move is on the board.
+// The engine's words while it thinks on the worker thread: kept for the
+// window thread, which shows them once the move is on the board, and followed
+// live through `live` when the window asks for it.
 class DeferredDriverUi : public DriverUi {
  public:
   // Without pauses (pauses false) the computer moves as fast as it thinks.
-  DeferredDriverUi(Game& g, ThinkingReport* live, bool pauses) : g_(g), live_(live), pauses_(pauses) {}
+  DeferredDriverUi(const Game& g, ThinkingReport* live, bool pauses) : g_(g), live_(live), pauses_(pauses) {}
   void SetStatus(const std::string& text) override {
-    g_.PendingStatus = text;
+    words.status = text;
     if (live_) live_->SetStatus(text);
   }
   void SetCalculation(const std::string& text) override {
-    g_.PendingCalculation = text;
+    words.calculation = text;
     if (live_) live_->SetCalculation(text);
   }
   void SetProgress(int value, int maximum) override {
     if (live_) live_->SetProgress(value, maximum);
   }
   void ShowMessage(const std::string& caption, const std::string& text) override {
-    g_.PendingCaption = caption;
-    g_.PendingMessage = text;
+    words.boxCaption = caption;
+    words.boxText = text;
   }
   void Pause(double seconds) override {
     if (pauses_) PauseUnlessCancelled(g_, seconds);
   }
   // The question waits for the window: the move must be on the board first.
-  bool AskYesNo(const std::string&, const std::string&) override {
-    g_.PendingDrawOffer = 1;
+  bool AskYesNo(const std::string& caption, const std::string& text) override {
+    words.questionCaption = caption;
+    words.question = text;
     return false;
   }
 
+  TurnWords words;
+
  private:
-  Game& g_;
+  const Game& g_;
   ThinkingReport* live_;
   bool pauses_;
 };
@@ -117,13 +121,13 @@ void EndGameByResignation(Session& s) {
   g.GameOver = 1;
 }
 
-void RunComputerJob(Game& g, TurnReason reason, double pause, const std::function<void()>& moveEntered,
-                    ThinkingReport* live) {
+void RunComputerJob(Game& g, TurnReason reason, double pause,
+                    const std::function<void(const TurnWords&)>& moveEntered, ThinkingReport* live) {
   do {
     if (g.GameOver == 1) break;
     DeferredDriverUi ui(g, live, pause > 0);
     if (!ComputerMove(g, ui).moved) break;
-    if (moveEntered) moveEntered();
+    if (moveEntered) moveEntered(ui.words);
     // A Cancel during the search leaves SearchCancelled set: the move found
     // so far is played and the loop ends. A Cancel during the pause leaves
     // StopRequest set.
@@ -133,7 +137,7 @@ void RunComputerJob(Game& g, TurnReason reason, double pause, const std::functio
   g.StopRequest = 0;
 }
 
-void EnterComputerMove(Session& s) {
+void EnterComputerMove(Session& s, const TurnWords& words) {
   Game& g = s.game;
   const int n = g.HalfMoveCount;
   // The engine has entered the move in the record already; MoveStack may have
@@ -145,20 +149,15 @@ void EnterComputerMove(Session& s) {
   s.screen.List1Selected = n - 1;
   RefreshBoard(s, 0);
   // What the engine said while it thought, now that the move stands.
-  if (!g.PendingCalculation.empty()) s.screen.Label9 = g.PendingCalculation;
-  s.screen.StatusText = g.PendingStatus;
+  if (!words.calculation.empty()) s.screen.Label9 = words.calculation;
+  s.screen.StatusText = words.status;
   s.window.Changed(Part::Board | Part::Lists | Part::Status | Part::Texts);
-  if (!g.PendingMessage.empty())
-    s.window.ShowMessage(g.PendingMessage, g.PendingCaption, BoxIcon::Information);
-  g.PendingStatus.clear();
-  g.PendingCalculation.clear();
-  g.PendingMessage.clear();
-  if (g.PendingDrawOffer == 1) {
-    g.PendingDrawOffer = 0;
-    WindowDriverUi ui(s);
-    // Accepted, the game ends here; the commands follow when the turn is over.
-    if (g.GameOver == 0 && ui.AskYesNo("Question", "How about a draw?")) DeclareDraw(g, ui);
-  }
+  if (!words.boxText.empty()) s.window.ShowMessage(words.boxText, words.boxCaption, BoxIcon::Information);
+  // The computer's draw offer; accepted, the game ends here and the commands
+  // follow when the turn is over.
+  WindowDriverUi ui(s);
+  if (!words.question.empty() && g.GameOver == 0 && ui.AskYesNo(words.questionCaption, words.question))
+    DeclareDraw(g, ui);
 }
 
 }  // namespace qv

@@ -65,17 +65,27 @@ class ThinkingReport {
   bool changed_ = false;
 };
 
+// What a computer turn on the worker said, for the window thread to show once
+// the move is on the board: the last status and calculation, a box, and the
+// draw offer the turn could not ask itself.
+struct TurnWords {
+  std::string status, calculation;
+  std::string boxCaption, boxText;
+  std::string questionCaption, question;
+};
+
 // Runs on the worker thread: the computer's move, or for Computer-Computer
 // play its moves until the game ends or Cancel is pressed. After each move
-// `moveEntered` is called (on the worker); the window enters the move into
-// its lists from there. `pause` is the wait between two moves of
+// `moveEntered` is called (on the worker) with what the turn said; the window
+// enters the move into its lists from there. `pause` is the wait between two moves of
 // Computer-Computer play; with 0 the engine's own short pauses are skipped
 // too. Cancel cuts every wait short. `live`, when given, follows the thinking
 // as it goes.
-void RunComputerJob(Game& g, TurnReason reason, double pause, const std::function<void()>& moveEntered,
-                    ThinkingReport* live = nullptr);
+void RunComputerJob(Game& g, TurnReason reason, double pause,
+                    const std::function<void(const TurnWords&)>& moveEntered, ThinkingReport* live = nullptr);
 
-// Back on the window thread after a computer move: lists and board.
-void EnterComputerMove(Session& s);
+// Back on the window thread after a computer move: lists, board, and what the
+// turn said.
+void EnterComputerMove(Session& s, const TurnWords& words);
 
 }  // namespace qv

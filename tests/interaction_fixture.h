@@ -45,7 +45,7 @@ struct RecordingWindow : WindowLayer {
   void StartComputerTurn(TurnReason reason) override {
     ++turns;
     if (!runTurns) return;
-    RunComputerJob(session->game, reason, 0.0, [this] { EnterComputerMove(*session); });
+    RunComputerJob(session->game, reason, 0.0, [this](const TurnWords& words) { EnterComputerMove(*session, words); });
     ComputerTurnFinished(*session, reason);
   }
 };

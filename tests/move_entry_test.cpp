@@ -1,4 +1,5 @@
 #include "interaction_fixture.h"
+#include "position_helpers.h"
 
 #include "interaction/mouse_entry.h"
 #include "interaction/movelist.h"
@@ -217,6 +218,24 @@ TEST_F(MoveEntryTest, NavigationWalksTheGameAndANewMoveCutsTheTail) {
   EXPECT_EQ(screen[Command::Forward].Enabled, 0);
   LastCommand(session);
   EXPECT_EQ(game->HalfMoveCount, 2);
+}
+
+TEST_F(MoveEntryTest, TheComputersDrawOfferIsAskedOnceItsMoveStands) {
+  testing::SetPosition(*game, {{"A1", WhiteKing}, {"C1", WhiteKing}, {"F8", BlackKing}, {"H8", BlackKing}}, 1);
+  AdoptBoardPosition(*game);
+  game->Settings.DepthMode = 1;
+  game->Settings.DepthLimit = 2;
+  game->Settings.AskDrawIfComputerDraws = 1;
+  game->HalfMoveCount = 50;  // long enough since the last offer
+  game->StableCount = 2;     // the score has stood still
+  StartComputerMove(session);
+  ASSERT_GE(window.messages.size(), 2u);
+  EXPECT_EQ(window.messages[window.messages.size() - 2], "Question: How about a draw?");
+  EXPECT_EQ(window.messages.back(), "Congratulations: PlayerIt's a draw!");
+  EXPECT_EQ(screen.List1.size(), 1u);  // asked with the move already in the list
+  EXPECT_EQ(game->GameOver, 1);
+  EXPECT_EQ(game->GameResult, "1/2-1/2");
+  EXPECT_EQ(screen[Command::Compute].Enabled, 0);
 }
 
 TEST_F(MoveEntryTest, TheComputerRepliesAndBusyBlocksTheBoard) {
