@@ -125,8 +125,38 @@ std::string MainLineText(const Game& g) {
   return line;
 }
 
-TurnReport ComputerMove(Game& g, DriverUi& ui) {
-  TurnReport report;
+CarriedEngineState CarriedEngineState::From(const Game& g) {
+  CarriedEngineState c;
+  c.LazyMargin = g.LazyMargin;
+  c.NoiseRange = g.NoiseRange;
+  c.BackRankActive = g.BackRankActive;
+  c.ManThresholdWhite = g.ManThresholdWhite;
+  c.ManThresholdBlack = g.ManThresholdBlack;
+  c.HorizonLimit = g.HorizonLimit;
+  c.SearchCancelled = g.SearchCancelled;
+  c.RuleLossPending = g.RuleLossPending;
+  c.NodeCount = g.NodeCount;
+  c.Random = g.Random;
+  c.PVTable = g.PVTable;
+  return c;
+}
+
+void CarriedEngineState::GiveTo(Game& g) const {
+  g.LazyMargin = LazyMargin;
+  g.NoiseRange = NoiseRange;
+  g.BackRankActive = BackRankActive;
+  g.ManThresholdWhite = ManThresholdWhite;
+  g.ManThresholdBlack = ManThresholdBlack;
+  g.HorizonLimit = HorizonLimit;
+  g.SearchCancelled = SearchCancelled;
+  g.RuleLossPending = RuleLossPending;
+  g.NodeCount = NodeCount;
+  g.Random = Random;
+  g.PVTable = PVTable;
+}
+
+TurnDecision ThinkComputerMove(Game& g, DriverUi& ui) {
+  TurnDecision decision;
   const Options& o = g.Settings;
   const long turnStart = WholeSeconds();
   g.BackRankActive = 1;
@@ -137,6 +167,7 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
   const std::string strength = "Strength:" + Str(10 - o.StrengthHandicap) +
                                (depthMode == 1 ? "   Depth:" + Str(o.DepthLimit) + " ply"
                                                : "   Time:" + Str(o.TimeLimit) + " sec");
+  decision.strengthLabel = strength;
   ui.SetStrengthLabel(strength);
   ui.SetStatus("Thinking...");
   ui.SetThinking(true);
@@ -144,39 +175,17 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
   CommitRootPly(g);
   int score = Evaluate(g, -32000, 32000, g.SideToMove);
   const bool ownLoss = g.RuleLossPending == 1 || score == 32000;
-  const auto finish = [&]() {
-    ui.SetThinking(false);
-    g.FocusSquare = 0;
-    g.BookMoveFrom = 0;
-    return report;
+  const auto decided = [&](TurnDecision::Ending ending) {
+    decision.ending = ending;
+    decision.engine = CarriedEngineState::From(g);
+    return decision;
   };
-  if (g.NoMoveDraw == 1) {
-    g.NoMoveDraw = 0;
-    DeclareDraw(g, ui);
-    return finish();
-  }
-  if (ownLoss) {
-    ResultText(g, 0);
-    ui.SetStatus(o.PlayerName + " wins!");
-    g.GameOver = 1;
-    ui.GameEnded(1.0);
-    ui.Pause(0.5);
-    ui.ShowMessage("Congratulations", o.PlayerName + " wins!");
-    return finish();
-  }
+  if (g.NoMoveDraw == 1) return decided(TurnDecision::Ending::NoMoveDraw);
+  if (ownLoss) return decided(TurnDecision::Ending::OwnLoss);
 
   GenerateLegalMoves(g);
   int rootCount = g.PlyBase[1] - g.PlyBase[0];
-  if (rootCount == 0) {
-    ResultText(g, 0);
-    g.GameOver = 1;
-    ui.Pause(0.5);
-    const std::string text = g.RuleSet.AntiMode == 1 ? "Computer wins!" : o.PlayerName + " wins!";
-    if (g.RuleSet.AntiMode != 1) ui.GameEnded(1.0);
-    ui.SetStatus(text);
-    ui.ShowMessage("Congratulations", text);
-    return finish();
-  }
+  if (rootCount == 0) return decided(TurnDecision::Ending::NoMoves);
   int depthLimit = depthMode == 1 ? std::max(1, o.DepthLimit) : 20;
   if (rootCount == 1) depthLimit = 1;
   const double clockStart = Clock();
@@ -305,15 +314,14 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
     }
     if (g.SearchCancelled == 1) break;
     prevIterationBest = bestScore;
-    report.iterationLog += std::string(15, ' ') + shortLine + "   M: " + bestLine +
+    decision.iterationLog += std::string(15, ' ') + shortLine + "   M: " + bestLine +
                            "  T: " + TimeString(WholeSeconds() - iterationStart) + "\r\n";
   }
-  report.depth = std::min(d, depthLimit);
+  decision.depth = std::min(d, depthLimit);
 
-  // End of thinking.
-  ui.SetStrengthLabel(strength);
+  // End of thinking: the texts are shown as the move is played.
   if (o.ShowCalculation == 1)
-    ui.SetCalculation(head + "   Time: " + TimeString(WholeSeconds() - turnStart) + "\r\nMain: " + bestLine);
+    decision.calculation = head + "   Time: " + TimeString(WholeSeconds() - turnStart) + "\r\nMain: " + bestLine;
   if (g.StopRequest == 2) {
     g.StopRequest = 0;
     g.SearchCancelled = 0;
@@ -328,18 +336,68 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
   for (std::size_t i = 0; i < rootInfo.size(); ++i)
     for (std::size_t j = i + 1; j < rootInfo.size(); ++j)
       if (rootInfo[j].Score > rootInfo[i].Score) std::swap(rootInfo[i], rootInfo[j]);
+  decision.move = roots[0];
+  decision.rootCount = rootCount;
+  decision.bestScore = bestScore;
+  decision.mainLine = bestLine;
+  decision.rootScores = std::move(rootInfo);
+  return decided(TurnDecision::Ending::None);
+}
+
+TurnReport PlayComputerMove(Game& g, const TurnDecision& decision, DriverUi& ui) {
+  TurnReport report;
+  const Options& o = g.Settings;
+  decision.engine.GiveTo(g);
+  CommitRootPly(g);
+  const auto finish = [&]() {
+    ui.SetThinking(false);
+    g.FocusSquare = 0;
+    g.BookMoveFrom = 0;
+    return report;
+  };
+  switch (decision.ending) {
+    case TurnDecision::Ending::None: break;
+    case TurnDecision::Ending::NoMoveDraw:
+      g.NoMoveDraw = 0;
+      DeclareDraw(g, ui);
+      return finish();
+    case TurnDecision::Ending::OwnLoss:
+      ResultText(g, 0);
+      ui.SetStatus(o.PlayerName + " wins!");
+      g.GameOver = 1;
+      ui.GameEnded(1.0);
+      ui.Pause(0.5);
+      ui.ShowMessage("Congratulations", o.PlayerName + " wins!");
+      return finish();
+    case TurnDecision::Ending::NoMoves: {
+      ResultText(g, 0);
+      g.GameOver = 1;
+      ui.Pause(0.5);
+      const std::string text = g.RuleSet.AntiMode == 1 ? "Computer wins!" : o.PlayerName + " wins!";
+      if (g.RuleSet.AntiMode != 1) ui.GameEnded(1.0);
+      ui.SetStatus(text);
+      ui.ShowMessage("Congratulations", text);
+      return finish();
+    }
+  }
+  ui.SetStrengthLabel(decision.strengthLabel);
+  if (!decision.calculation.empty()) ui.SetCalculation(decision.calculation);
   ui.SetStatus("");
+  const int bestScore = decision.bestScore;
+  const int rootCount = decision.rootCount;
+  report.depth = decision.depth;
+  report.iterationLog = decision.iterationLog;
 
   // Play the best move: index 0 of the root order.
-  g.MoveStack[0] = roots[0];
-  g.LastWasCapture = roots[0].IsCapture() ? 1 : 0;
-  g.LastWasCrowning = roots[0].PromoteFlag == 2 ? 1 : 0;
+  g.MoveStack[0] = decision.move;
+  g.LastWasCapture = decision.move.IsCapture() ? 1 : 0;
+  g.LastWasCrowning = decision.move.PromoteFlag == 2 ? 1 : 0;
   g.PlyBase[0] = 0;
   g.PlyBase[1] = 1;
   MakeSearchMove(g, 0);
   g.LastMoveIndex = 0;
   const int mover = -g.SideToMove;
-  score = Evaluate(g, -32000, 32000, mover);
+  const int score = Evaluate(g, -32000, 32000, mover);
   bool computerWins = false;
   if (g.NoMoveDraw == 1) {
     g.NoMoveDraw = 0;
@@ -362,10 +420,10 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
   ui.MoveRecorded(g.HalfMoveCount);
 
   report.moved = true;
-  report.move = MoveLabel(g, roots[0]);
+  report.move = MoveLabel(g, decision.move);
   report.score = bestScore;
-  report.mainLine = bestLine;
-  report.rootScores = rootInfo;
+  report.mainLine = decision.mainLine;
+  report.rootScores = decision.rootScores;
 
   if (computerWins) {
     ResultText(g, 0);
@@ -384,5 +442,7 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
   if (g.GameOver == 0) CheckGameEnd(g, ui, 0);
   return finish();
 }
+
+TurnReport ComputerMove(Game& g, DriverUi& ui) { return PlayComputerMove(g, ThinkComputerMove(g, ui), ui); }
 
 }  // namespace qv
