@@ -27,6 +27,7 @@
 #include "core/fatal.h"
 #include "gui/application.h"
 #include "gui/boardwidget.h"
+#include "gui/optionsdialog.h"
 #include "gui/pictureset.h"
 #include "gui/sound.h"
 #include "gui/toolicons.h"
@@ -34,6 +35,8 @@
 #include "interaction/commands.h"
 #include "interaction/engine_calls.h"
 #include "interaction/movelist.h"
+#include "interaction/optionsform.h"
+#include "interaction/skins.h"
 
 namespace qv::gui {
 
@@ -86,6 +89,8 @@ void MainWindow::BuildMenus() {
   QMenu* gameMenu = menuBar()->addMenu("&Game");
   AddCommand(gameMenu, Command::NewGame, "New Game", [&s] { NewGameCommand(s, 0); })->setShortcut(QKeySequence::New);
   AddCommand(gameMenu, Command::NewVariant, "New Variant...", [&s] { NewGameCommand(s, 1); });
+  gameMenu->addSeparator();
+  AddCommand(gameMenu, Command::Options, "Options...", [&s] { OpenOptions(s); })->setShortcut(QKeySequence::Preferences);
   gameMenu->addSeparator();
   AddCommand(gameMenu, Command::Exit, "Exit", [this] { close(); });
 
@@ -157,6 +162,7 @@ void MainWindow::BuildMenus() {
   button(Command::ComputerComputer, "Computer-Computer");
   bar->addSeparator();
   button(Command::TurnBoard, "Turn Board");
+  button(Command::Options, "Options");
 }
 
 void MainWindow::BuildPanels() {
@@ -300,8 +306,8 @@ void MainWindow::Sync() {
   const Screen& sc = screen_;
   const BoardView& v = sc.View;
   setWindowTitle(Q(sc.Title));
-  if (shownSkin_ != game_->Settings.SkinKind) {
-    shownSkin_ = game_->Settings.SkinKind;
+  // A new picture set or skin may bring a board of another size.
+  if (board_->size() != board_->sizeHint()) {
     board_->updateGeometry();
     board_->setFixedSize(board_->sizeHint());
     // The window takes the size of the new board once the layout has settled.
@@ -394,7 +400,8 @@ void MainWindow::SetPointer(ImageRole icon) {
     board_->unsetCursor();
     return;
   }
-  const QPixmap pixmap = CarryPixmap(icon, devicePixelRatioF());
+  const QPixmap pixmap =
+      game_->Settings.SkinKind == 4 ? board_->Skin().Icon(icon, devicePixelRatioF()) : CarryPixmap(icon, devicePixelRatioF());
   board_->setCursor(QCursor(pixmap, 19, 19));
 }
 
@@ -494,6 +501,26 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     return;
   }
   event->accept();
+}
+
+}  // namespace qv::gui
+
+namespace qv::gui {
+
+bool MainWindow::LoadSkinPicture(ImageRole role, const std::filesystem::path& file) {
+  return board_->Skin().Load(role, file);
+}
+
+void MainWindow::ShowOptionsDialog() {
+  OptionsDialog dialog(*game_, playerRating_, this);
+  // Apply shows its effect at once, as OK does when the dialog has closed.
+  std::string shownSkin = game_->Settings.SkinName;
+  connect(&dialog, &OptionsDialog::Stored, this, [this, &shownSkin] {
+    ApplyOptions(session_, shownSkin);
+    shownSkin = game_->Settings.SkinName;
+    Sync();
+  });
+  dialog.exec();
 }
 
 }  // namespace qv::gui

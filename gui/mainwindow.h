@@ -54,6 +54,8 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void Changed(unsigned parts) override;
   void StartComputerTurn(TurnReason reason) override;
   bool ShowVariantsDialog() override;
+  bool LoadSkinPicture(ImageRole role, const std::filesystem::path& file) override;
+  void ShowOptionsDialog() override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -96,7 +98,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   ThinkingReport thinking_;  // the worker's words while it thinks
   bool closePending_ = false;
   bool syncing_ = false;
-  int shownSkin_ = -1;
+  int playerRating_ = 1200;
 };
 
 }  // namespace qv::gui

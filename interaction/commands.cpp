@@ -10,6 +10,7 @@
 #include "interaction/engine_calls.h"
 #include "interaction/mouse_entry.h"
 #include "interaction/movelist.h"
+#include "interaction/skins.h"
 #include "interaction/navigation.h"
 #include "interaction/newvariant.h"
 #include "interaction/record.h"
@@ -35,11 +36,15 @@ void CheckNotation(Session& s) {
   CheckCommand(s, Command::NotationNone, kind == 2);
 }
 
+}  // namespace
+
 std::string StrengthCaption(const Options& o) {
   std::string text = "Strength:" + Str(10 - o.StrengthHandicap);
   if (o.DepthMode == 1) return text + "   Depth:" + Str(o.DepthLimit) + " ply";
   return text + "   Time:" + Str(o.TimeLimit) + " sec";
 }
+
+namespace {
 
 // The commands that a game once over can no longer use.
 void DisableAfterGameEnd(Session& s) {
@@ -361,16 +366,6 @@ void ToggleUseSound(Session& s) {
   o.UseSound = o.UseSound == 1 ? 0 : 1;
   CheckCommand(s, Command::UseSound, o.UseSound);
   s.window.Changed(Part::Commands);
-}
-
-void SelectSkin(Session& s, const std::string& name) {
-  Options& o = s.game.Settings;
-  if (name == "Classic Small") o.SkinKind = 0;
-  else if (name == "Classic Medium") o.SkinKind = 2;
-  else if (name == "Classic Big") o.SkinKind = 3;
-  else return;  // skin files are not read yet
-  o.SkinName = name;
-  s.window.Changed(Part::All);
 }
 
 bool ConfirmClose(Session& s) {

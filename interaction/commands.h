@@ -7,6 +7,9 @@ namespace qv {
 void EnableCommand(Session& s, Command c, int enabled);
 void CheckCommand(Session& s, Command c, int checked);
 
+// The level line of the status bar: "Strength: 9   Time: 2 sec".
+std::string StrengthCaption(const Options& o);
+
 // What a new game shows: status, lists and the commands that open a game.
 void ShowNewGame(Session& s);
 
@@ -40,8 +43,6 @@ void TurnBoardCommand(Session& s);
 void SetNotation(Session& s, int kind);
 void ToggleCalculation(Session& s);
 void ToggleUseSound(Session& s);
-// "Classic Small", "Classic Medium" or "Classic Big".
-void SelectSkin(Session& s, const std::string& name);
 
 // The close box: true when the window may close.
 bool ConfirmClose(Session& s);
