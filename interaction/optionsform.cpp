@@ -120,6 +120,7 @@ void ApplyOptions(Session& s, const std::string& oldSkinName) {
   s.screen.StrengthText = StrengthCaption(g.Settings);
   g.CaptureChar = g.Settings.CaptureCharColon == 1 ? ":" : "x";
   RenamePlayers(g);
+  CheckCommand(s, Command::UseSound, g.Settings.UseSound == 1);
   RefreshMoveChoices(s);
   RefreshBoard(s, 0);
   s.window.Changed(Part::All);
