@@ -11,6 +11,7 @@
 #include "engine/evaluate.h"
 #include "engine/search.h"
 #include "engine/timetext.h"
+#include "files/book.h"
 
 namespace qv {
 
@@ -95,6 +96,26 @@ bool WantsDraw(Game& g, int bestScore) {
   if (g.Settings.PlayMode == 2) return false;
   if (!(g.Rnd() < 0.1 || g.StableCount > 1)) return false;
   return g.WinAnnounced == 0 && bestScore < 30000 && g.MaterialByPly[g.Ply] == 0;
+}
+
+// Asks the book for a move (when the player wants the book used). A proposed
+// move that is among the root moves becomes the only one; anything else is
+// dropped and the search decides.
+bool PlayBookMove(Game& g, DriverUi& ui, int& rootCount) {
+  g.BookMoveFrom = 0;
+  g.BookMoveTo = 0;
+  if (g.Settings.OpeningBook != 1) return false;
+  const BookAnswer book = BookLookup(g, 1, g.Random);
+  if (!book.MessageText.empty()) ui.ShowMessage(book.MessageCaption, book.MessageText);
+  for (int i = 0; i < rootCount && book.BookMoveFrom != 0; ++i) {
+    if (g.MoveStack[i].FromSquare != book.BookMoveFrom || g.MoveStack[i].ToSquare != book.BookMoveTo) continue;
+    g.MoveStack[0] = g.MoveStack[i];
+    rootCount = 1;
+    g.BookMoveFrom = book.BookMoveFrom;
+    g.BookMoveTo = book.BookMoveTo;
+    return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -182,6 +203,10 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
   const double clockStart = Clock();
   ui.SetProgress(0, depthMode == 1 ? rootCount * depthLimit : o.TimeLimit);
   ui.Pause(0.5);
+
+  // The book: a known opening move is played after one iteration.
+  const bool fromBook = PlayBookMove(g, ui, rootCount);
+  if (fromBook) depthLimit = 1;
 
   std::vector<RootScore> rootInfo(static_cast<std::size_t>(rootCount));
   for (int i = 0; i < rootCount; ++i)
@@ -272,11 +297,11 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
         // The main line: this root move, then what the search found below it.
         g.MoveStack[0] = roots[static_cast<std::size_t>(i)];
         UpdatePV(g, 0);
-        bestLine = MainLineText(g);
+        bestLine = fromBook ? "Book" : MainLineText(g);
         if (o.ShowCalculation == 1) {
           head = "Depth:" + Str(d) + "   Best: " + move + "   Score:" + Str(score);
           shortLine = "D:" + Str(d) + "   B: " + move + "   S:" + Str(score);
-          ui.SetCalculation(head);
+          ui.SetCalculation(fromBook ? head + "\r\nBook" : head);
         }
         if (i > 0) {
           std::rotate(roots.begin(), roots.begin() + i, roots.begin() + i + 1);
@@ -365,6 +390,7 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
   report.move = MoveLabel(g, roots[0]);
   report.score = bestScore;
   report.mainLine = bestLine;
+  report.fromBook = fromBook;
   report.rootScores = rootInfo;
 
   if (computerWins) {
