@@ -251,6 +251,7 @@ void MainWindow::BuildPanels() {
   statusPanel_ = new QLabel;
   strengthPanel_ = new QLabel;
   openingPanel_ = new QLabel;
+  openingPanel_->setContentsMargins(12, 0, 12, 0);
   productPanel_ = new QLabel;
   progress_ = new QProgressBar;
   progress_->setMaximumWidth(160);
