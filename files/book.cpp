@@ -148,13 +148,13 @@ std::string MirroredMove(const std::string& move, int piecesOnBlack) {
 }
 
 // A name line: the moves, then the name between single quotes.
-void ReadNames(std::istream& in, std::string key, BookAnswer& answer) {
-  key.erase(0, key.find_first_not_of(' ') == std::string::npos ? key.size() : key.find_first_not_of(' '));
+// The last line whose moves begin the key gives the name.
+void ReadNames(std::istream& in, const std::string& key, BookAnswer& answer) {
   std::string line;
   while (ReadLine(in, line) && line != "end") {
     const std::size_t quote = line.find('\'');
     if (quote == std::string::npos || line.size() < quote + 2) throw FatalError(BookFileError);
-    if (key.compare(0, quote, line, 0, quote) == 0 && key.size() >= quote)
+    if (key.compare(0, quote, line, 0, quote) == 0)
       answer.OpeningName = line.substr(quote + 1, line.size() - quote - 2);
   }
 }
@@ -188,7 +188,7 @@ BookAnswer BookLookup(const Game& g, int mode, RandomSource& random, int halfMov
     answer.MessageText = g.VariantName + ".BOK" + " is not an Quorvanis Book file";
     return answer;
   }
-  if (static_cast<float>(Val(std::string_view(line).substr(18))) != 0.89f) {
+  if (static_cast<float>(Val(std::string_view(line).substr(std::string_view(BookHeader).size()))) != 0.89f) {
     answer.MessageCaption = "Error";
     answer.MessageText = "Incorrect version of " + g.VariantName + ".BOK" + "\r\n" + "Need version " + BookVersion;
     return answer;
