@@ -86,6 +86,7 @@ class Turn {
       decision_.bestScore = bestScore_;
       decision_.mainLine = bestLine_;
       decision_.rootScores = rootInfo_;
+      decision_.fromBook = fromBook_;
     }
     decision_.strengthLabel = strength_;
     decision_.engine = CarriedEngineState::From(g_);
@@ -182,6 +183,7 @@ class Turn {
     rootInfo_ = decision.rootScores;
     strength_ = decision.strengthLabel;
     calculation_ = decision.calculation;
+    fromBook_ = decision.fromBook;
     report_.depth = decision.depth;
     report_.iterationLog = decision.iterationLog;
   }

@@ -66,6 +66,7 @@ struct TurnDecision {
   std::string iterationLog;
   std::string strengthLabel;
   std::string calculation;  // the final calculation text; empty without ShowCalculation
+  bool fromBook = false;    // the move came from the opening book
   CarriedEngineState engine;
 };
 
