@@ -382,6 +382,7 @@ TurnReport PlayComputerMove(Game& g, const TurnDecision& decision, DriverUi& ui)
   }
   ui.SetStrengthLabel(decision.strengthLabel);
   if (!decision.calculation.empty()) ui.SetCalculation(decision.calculation);
+  if (o.PlayMode != 2) ui.ShowRootScores(decision.rootScores);
   ui.SetStatus("");
   const int bestScore = decision.bestScore;
   const int rootCount = decision.rootCount;

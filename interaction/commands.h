@@ -15,6 +15,11 @@ bool CommandAvailable(const Screen& sc, Command c);
 // window, which closes itself (and so runs UnloadMainWindow).
 void RunCommand(Session& s, Command c);
 
+// The commands a game once over can no longer use, disabled at every end of
+// a game: Compute, Analyze, Offer draw, Resign, Hint, Computer-Computer and
+// the legal moves.
+void DisableAfterGameEnd(Session& s);
+
 // What a new game shows: status, lists and the commands that open a game.
 void ShowNewGame(Session& s);
 
