@@ -8,6 +8,7 @@
 #include "core/makemove.h"
 #include "core/movegen.h"
 #include "core/text.h"
+#include "engine/deepening.h"
 #include "engine/evaluate.h"
 #include "engine/search.h"
 #include "engine/timetext.h"
@@ -16,58 +17,7 @@ namespace qv {
 
 namespace {
 
-double Clock() {
-  using namespace std::chrono;
-  return duration<double>(steady_clock::now().time_since_epoch()).count();
-}
-
-long WholeSeconds() { return static_cast<long>(std::floor(Clock())); }
-
-int PVLength(const Game& g) {
-  int k = 1;
-  while (k < PlyRows && g.PVTable[1][k].From != 0) ++k;
-  return k;
-}
-
-std::string SquareText(const Game& g, int cell) { return SquareNotation(cell, 1, g.Settings.NotationKind); }
-
-// Everything that stays the same for the root moves of one turn.
-struct Turn {
-  Game& g;
-  DriverUi& ui;
-  SearchMember member;
-  int rootCount = 0;
-  int searchRootCount = 0;
-  bool lazyRaiseArmed = false;
-  int keptScore = 0;  // the score before the last short-line re-search
-
-  // Searches root move `index` (already made) at iteration depth d.
-  int Dispatch(int alpha, int beta, int d) {
-    const int up = searchRootCount - 1;
-    CountRepetitions(g, up);
-    if (g.LineDrawn == 0) {
-      CheckMoveLimit(g, up);
-      g.LineDrawn = g.LimitReached;
-    }
-    int score = -SearchNode(g, member, -beta, -alpha, d - 1);
-    if (g.LineDrawn >= 1) score = 0;
-    g.LineDrawn = 0;
-    return score;
-  }
-
-  // When the main line ended too soon, the first root move is searched one ply deeper.
-  int ShortLineResearch(int score, int alpha, int beta, int d, bool& researched, const std::string& move) {
-    if (PVLength(g) >= 3 || d < 3) return score;
-    ui.SetStatus("Thinking... (" + std::to_string(d) + "/" + std::to_string(d + 1) + ")  " + move);
-    const bool fullWindow = member == SearchMember::Fast1 || member == SearchMember::Anti;
-    const int a = fullWindow ? -32000 : alpha, b = fullWindow ? 32000 : beta;
-    keptScore = score;
-    score = -SearchNode(g, member, -b, -a, d);
-    researched = true;
-    if (g.MaterialByPly[g.Ply] != 0 && lazyRaiseArmed) g.LazyMargin += 10;
-    return score;
-  }
-};
+long WholeSeconds() { return static_cast<long>(std::floor(SearchClock())); }
 
 // No man on the board and both sides' pieces worth the same.
 bool KingsOnlyLevel(const Game& g) {
@@ -112,17 +62,6 @@ int NoiseRangeFor(int strengthHandicap) {
   if (range == 0) range = 5;
   if (range < 0) range = 0;
   return range;
-}
-
-std::string MainLineText(const Game& g) {
-  std::string line;
-  for (int k = 0; k < PlyRows && g.PVTable[0][k].From != 0; ++k) {
-    const PVEntry& e = g.PVTable[0][k];
-    if (!line.empty()) line += ' ';
-    line += SquareText(g, e.From) + (e.Kind % 10 == 1 ? g.CaptureChar : "-") + SquareText(g, e.To);
-    if (e.Kind >= 10) line += 'K';
-  }
-  return line;
 }
 
 TurnReport ComputerMove(Game& g, DriverUi& ui) {
@@ -179,141 +118,28 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
   }
   int depthLimit = depthMode == 1 ? std::max(1, o.DepthLimit) : 20;
   if (rootCount == 1) depthLimit = 1;
-  const double clockStart = Clock();
+  const double clockStart = SearchClock();
   ui.SetProgress(0, depthMode == 1 ? rootCount * depthLimit : o.TimeLimit);
   ui.Pause(0.5);
 
-  std::vector<RootScore> rootInfo(static_cast<std::size_t>(rootCount));
-  for (int i = 0; i < rootCount; ++i)
-    rootInfo[i] = RootScore{g.MoveStack[i].FromSquare, g.MoveStack[i].ToSquare, -32767};
-  // The root moves are kept apart from the stack the search overwrites.
-  std::vector<MoveRecord> roots(g.MoveStack.begin(), g.MoveStack.begin() + rootCount);
-
-  Turn turn{g, ui, SearchMemberFor(g), rootCount, g.HalfMoveCount, false};
-  int alpha = -32000, beta = 32000, bestScore = -32001, prevIterationBest = -32001;
-  int progress = 0;
-  double elapsed = 0;
-  std::string bestLine, bestMove, head, shortLine;
-  for (auto& row : g.PVTable) row.Fill(PVEntry{});
-  for (auto& row : g.KillerTable) row.Fill(MoveKey{});
-
-  // Makes root move i: it is copied back onto the stack first.
-  const auto makeRoot = [&](int i) {
-    g.MoveStack[0] = roots[static_cast<std::size_t>(i)];
-    g.PlyBase[1] = 1;
-    MakeSearchMove(g, 0);
-  };
-  const auto undoRoot = [&]() { UndoSearchMove(g, 0); };
-
-  int d = 1;
-  for (; d <= depthLimit; ++d) {
-    const long iterationStart = WholeSeconds();
-    if (depthMode == 1) turn.lazyRaiseArmed = turn.lazyRaiseArmed || d == 1;
-    else turn.lazyRaiseArmed = d > 2;
-    if (d == 1) {
-      alpha = -32000;
-      beta = 32000;
-    } else {
-      beta = alpha + 100;
-      alpha = alpha - 100;
-    }
-    g.HorizonLimit = d + std::clamp(o.Plys, 1, 6);
-    for (int i = 0; i < rootCount; ++i) {
-      bool researched = false;
-      g.PVTable[0][0].From = 0;
-      const std::string move = MoveLabel(g, roots[static_cast<std::size_t>(i)]);
-      if (o.ShowCalculation == 1) ui.SetStatus("Thinking... (" + std::to_string(d) + ")  " + move);
-      makeRoot(i);
-      score = turn.Dispatch(alpha, beta, d);
-      if (i == 0) score = turn.ShortLineResearch(score, alpha, beta, d, researched, move);
-      undoRoot();
-      if (g.SearchCancelled == 1 && std::abs(alpha) < 30001) break;
-      bool newBest = false;
-      if (i > 0) {
-        if (score > alpha) {
-          const int old = alpha;
-          alpha = score;
-          beta = 32000;
-          makeRoot(i);
-          score = turn.Dispatch(alpha, beta, d);
-          if (score > old) score = turn.ShortLineResearch(score, alpha, beta, d, researched, move);
-          undoRoot();
-          if (g.SearchCancelled == 1 && std::abs(alpha) < 30001) break;
-          if (score > old) {
-            alpha = score;
-            beta = score + 1;
-            newBest = true;
-          } else {
-            alpha = old;
-          }
-        }
-      } else {
-        if (score < alpha || score >= beta) {
-          if (score < alpha) {
-            alpha = -32000;
-            beta = score;
-          } else {
-            alpha = score;
-            beta = 32000;
-          }
-          makeRoot(0);
-          score = turn.Dispatch(alpha, beta, d);
-          score = turn.ShortLineResearch(score, alpha, beta, d, researched, move);
-          undoRoot();
-          if (g.SearchCancelled == 1 && std::abs(alpha) < 30001) break;
-        }
-        alpha = score;
-        beta = score + 1;
-        newBest = true;
-      }
-      if (newBest) {
-        bestScore = score;
-        bestMove = move;
-        // The main line: this root move, then what the search found below it.
-        g.MoveStack[0] = roots[static_cast<std::size_t>(i)];
-        UpdatePV(g, 0);
-        bestLine = MainLineText(g);
-        if (o.ShowCalculation == 1) {
-          head = "Depth:" + Str(d) + "   Best: " + move + "   Score:" + Str(score);
-          shortLine = "D:" + Str(d) + "   B: " + move + "   S:" + Str(score);
-          ui.SetCalculation(head);
-        }
-        if (i > 0) {
-          std::rotate(roots.begin(), roots.begin() + i, roots.begin() + i + 1);
-          std::rotate(rootInfo.begin(), rootInfo.begin() + i, rootInfo.begin() + i + 1);
-        }
-      }
-      // The clock.
-      if (depthMode == 1) {
-        ui.SetProgress(++progress, rootCount * depthLimit);
-      } else {
-        elapsed = std::min<double>(std::floor(Clock() - clockStart), o.TimeLimit);
-        ui.SetProgress(static_cast<int>(elapsed), o.TimeLimit);
-        if (elapsed >= o.TimeLimit && !(bestScore < prevIterationBest - 50)) {
-          g.StopRequest = 2;
-          g.SearchCancelled = 1;
-        }
-      }
-      int stored = newBest ? alpha : score;
-      if (researched) stored = turn.keptScore;
-      rootInfo[newBest ? 0 : static_cast<std::size_t>(i)].Score = stored;
-      if (g.SearchCancelled == 1) break;
-    }
-    if (depthMode == 0 && elapsed >= o.TimeLimit && !(bestScore < prevIterationBest - 50)) {
-      g.StopRequest = 2;
-      g.SearchCancelled = 1;
-    }
-    if (g.SearchCancelled == 1) break;
-    prevIterationBest = bestScore;
-    report.iterationLog += std::string(15, ' ') + shortLine + "   M: " + bestLine +
-                           "  T: " + TimeString(WholeSeconds() - iterationStart) + "\r\n";
-  }
-  report.depth = std::min(d, depthLimit);
+  DeepeningSetup setup;
+  setup.depthLimit = depthLimit;
+  setup.depthMode = depthMode;
+  setup.timeLimit = o.TimeLimit;
+  setup.clockStart = clockStart;
+  const std::vector<MoveRecord> legal(g.MoveStack.begin(), g.MoveStack.begin() + rootCount);
+  DeepeningResult thought = DeepenRootMoves(g, ui, setup, legal);
+  const std::vector<MoveRecord>& roots = thought.roots;
+  std::vector<RootScore>& rootInfo = thought.rootInfo;
+  const int bestScore = thought.bestScore;
+  const std::string& bestLine = thought.bestLine;
+  report.iterationLog = thought.iterationLog;
+  report.depth = thought.depth;
 
   // End of thinking.
   ui.SetStrengthLabel(strength);
   if (o.ShowCalculation == 1)
-    ui.SetCalculation(head + "   Time: " + TimeString(WholeSeconds() - turnStart) + "\r\nMain: " + bestLine);
+    ui.SetCalculation(thought.head + "   Time: " + TimeString(WholeSeconds() - turnStart) + "\r\nMain: " + bestLine);
   if (g.StopRequest == 2) {
     g.StopRequest = 0;
     g.SearchCancelled = 0;
@@ -323,11 +149,7 @@ TurnReport ComputerMove(Game& g, DriverUi& ui) {
     g.StopRequest = 0;
     g.SearchCancelled = 1;
   }
-  // Highest score first, by exchanges over all pairs: equal scores keep no
-  // particular order.
-  for (std::size_t i = 0; i < rootInfo.size(); ++i)
-    for (std::size_t j = i + 1; j < rootInfo.size(); ++j)
-      if (rootInfo[j].Score > rootInfo[i].Score) std::swap(rootInfo[i], rootInfo[j]);
+  SortRootScores(rootInfo);
   ui.SetStatus("");
 
   // Play the best move: index 0 of the root order.

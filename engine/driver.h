@@ -6,14 +6,9 @@
 
 #include "core/game.h"
 #include "engine/driver_ui.h"
+#include "engine/root_moves.h"
 
 namespace qv {
-
-struct RootScore {
-  int From = -32767;
-  int To = -32767;
-  int Score = -32767;
-};
 
 // What one turn found, for the caller's display and log.
 struct TurnReport {
@@ -38,8 +33,5 @@ TurnReport ComputerMove(Game& g, DriverUi& ui);
 // no move but pieces under the rule that makes that a draw, or when the
 // player accepts the computer's offer.
 void DeclareDraw(Game& g, DriverUi& ui);
-
-// The main line of the last root decision (row 0 of PVTable) as move texts.
-std::string MainLineText(const Game& g);
 
 }  // namespace qv
