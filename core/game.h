@@ -201,6 +201,10 @@ struct Game {
   int WinAnnounced = 0;
   int BookMoveFrom = 0;
   int BookMoveTo = 0;
+  // The reply the computer's last main line expects of the player, for the
+  // hint; 0 when none.
+  int StoredReplyFrom = 0;
+  int StoredReplyTo = 0;
   Table<int, RecordSize> ScoreHistory;
 
   Options Settings;

@@ -73,6 +73,8 @@ DeepeningResult DeepenRootMoves(Game& g, DriverUi& ui, const DeepeningSetup& set
   std::string bestLine, bestMove, head, shortLine;
   for (auto& row : g.PVTable) row.Fill(PVEntry{});
   for (auto& row : g.KillerTable) row.Fill(MoveKey{});
+  g.StoredReplyFrom = 0;
+  g.StoredReplyTo = 0;
 
   int d = 1;
   for (; d <= depthLimit; ++d) {
@@ -142,6 +144,9 @@ DeepeningResult DeepenRootMoves(Game& g, DriverUi& ui, const DeepeningSetup& set
         g.MoveStack[0] = roots[static_cast<std::size_t>(i)];
         UpdatePV(g, 0);
         bestLine = setup.bookMove ? "Book" : MainLineText(g);
+        // The line's second move is the reply the hint will offer.
+        g.StoredReplyFrom = g.PVTable[0][1].From;
+        g.StoredReplyTo = g.PVTable[0][1].To;
         if (o.ShowCalculation == 1) {
           head = "Depth:" + Str(d) + "   Best: " + move + "   Score:" + Str(score);
           shortLine = "D:" + Str(d) + "   B: " + move + "   S:" + Str(score);

@@ -72,7 +72,8 @@ struct GameKeeper::Saved {
   int WhiteMen, BlackMen, ContractLeftWhite, ContractLeftBlack;
   int LastWasCapture, LastWasCrowning, LastMoveIndex, TouchedCell;
   int LineDrawn, BareKings, LimitReached, HorizonLimit, NoiseRange, RuleLossPending, SearchCancelled;
-  int ManThresholdWhite, ManThresholdBlack, BookMoveFrom, BookMoveTo;
+  int ManThresholdWhite, ManThresholdBlack, BookMoveFrom, BookMoveTo, StoredReplyFrom, StoredReplyTo;
+  RandomSource Random;
   std::string GameResult, GameNote, ResultNote;
   Table<MoveRecord, MoveStackSize> MoveStack;
   int MoveTop;
@@ -114,6 +115,9 @@ static void CopyKept(From& a, To& b) {
   b.ManThresholdBlack = a.ManThresholdBlack;
   b.BookMoveFrom = a.BookMoveFrom;
   b.BookMoveTo = a.BookMoveTo;
+  b.StoredReplyFrom = a.StoredReplyFrom;
+  b.StoredReplyTo = a.StoredReplyTo;
+  b.Random = a.Random;
   b.GameResult = a.GameResult;
   b.GameNote = a.GameNote;
   b.ResultNote = a.ResultNote;
