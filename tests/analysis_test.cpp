@@ -104,7 +104,8 @@ TEST(PlyValueTable, FindsAndFlagsKnownShots) {
     ASSERT_EQ(key->values.size(), 5u);
     // The side that replies is worse off after the shot than after any other move.
     for (const PlyValueRow& row : table.rows) {
-      if (&row != key) EXPECT_LT(key->values.back(), row.values.back()) << row.move;
+      if (&row == key) continue;
+      EXPECT_LT(key->values.back(), row.values.back()) << row.move;
     }
     EXPECT_NE(key->line.find('x'), std::string::npos);
     const std::vector<PlyValueRow> combinations = SortPlyValueRows(table.rows, SortCombinations);
