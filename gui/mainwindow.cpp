@@ -28,10 +28,13 @@
 #include "gui/application.h"
 #include "gui/boardwidget.h"
 #include "gui/pictureset.h"
+#include "gui/plyvaluewindow.h"
 #include "gui/sound.h"
 #include "gui/toolicons.h"
 #include "gui/variantsdialog.h"
+#include "interaction/analysis_commands.h"
 #include "interaction/commands.h"
+#include "interaction/engine_job.h"
 #include "interaction/engine_calls.h"
 #include "interaction/movelist.h"
 
@@ -65,6 +68,7 @@ MainWindow::MainWindow(std::unique_ptr<Game> game, QWidget* parent)
 MainWindow::~MainWindow() {
   if (worker_) {
     game_->StopRequest = 1;
+    if (engineJob_) engineJob_->Cancel();
     while (!worker_->wait(10)) QCoreApplication::processEvents();
   }
 }
@@ -95,6 +99,8 @@ void MainWindow::BuildMenus() {
   playMenu->addSeparator();
   AddCommand(playMenu, Command::OfferDraw, "Offer draw", [&s] { DrawOffer(s); });
   AddCommand(playMenu, Command::Resign, "Resign", [&s] { ResignGame(s); });
+  AddCommand(playMenu, Command::Hint, "Hint", [&s] { HintCommand(s); })->setShortcut(Qt::Key_F2);
+  AddCommand(playMenu, Command::Analyze, "Analyze", [&s] { AnalyzeCommand(s); })->setShortcut(Qt::Key_F6);
   playMenu->addSeparator();
   AddCommand(playMenu, Command::PlayerComputer, "Player-Computer", [&s] { SetPlayerComputer(s); }, true);
   AddCommand(playMenu, Command::PlayerPlayer, "Player-Player", [&s] { SetPlayerPlayer(s); }, true);
@@ -128,6 +134,12 @@ void MainWindow::BuildMenus() {
   QMenu* viewMenu = menuBar()->addMenu("&View");
   AddCommand(viewMenu, Command::Calculation, "Calculation", [&s] { ToggleCalculation(s); }, true);
   AddCommand(viewMenu, Command::UseSound, "Use Sound", [&s] { ToggleUseSound(s); }, true);
+  viewMenu->addSeparator();
+  AddCommand(viewMenu, Command::PlyValueTable, "Show Ply Value Table", [this] {
+    if (screen_.Busy == 1) return;
+    if (!plyValue_) plyValue_ = new PlyValueWindow(session_, this);
+    plyValue_->Start();
+  });
 
   QToolBar* bar = addToolBar("Toolbar1");
   bar->setObjectName("Toolbar1");
@@ -151,12 +163,14 @@ void MainWindow::BuildMenus() {
   bar->addSeparator();
   button(Command::OfferDraw, "Offer draw");
   button(Command::Resign, "Resign");
+  button(Command::Hint, "Hint");
   bar->addSeparator();
   button(Command::PlayerComputer, "Player-Computer");
   button(Command::PlayerPlayer, "Player-Player");
   button(Command::ComputerComputer, "Computer-Computer");
   bar->addSeparator();
   button(Command::TurnBoard, "Turn Board");
+  button(Command::Analyze, "Analyze");
 }
 
 void MainWindow::BuildPanels() {
@@ -269,6 +283,10 @@ void MainWindow::BuildPanels() {
   });
   connect(list2_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
     ClickLegalMove(session_, list2_->row(item));
+    Sync();
+  });
+  connect(list3_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    ClickAnalysisList(session_, list3_->row(item));
     Sync();
   });
   auto typed = [this] {
@@ -454,10 +472,47 @@ void MainWindow::StartComputerTurn(TurnReason reason) {
   worker_->start();
 }
 
+void MainWindow::StartEngineJob(std::shared_ptr<EngineJob> job) {
+  engineJob_ = job;
+  progress_->setMaximum(100);
+  progress_->setValue(0);
+  if (job->mainWindowFollows) progressTimer_->start();
+  Sync();
+  workerError_.clear();
+  // The worker touches nothing but the job's own game.
+  worker_ = QThread::create([this, job] {
+    try {
+      job->work(*job);
+    } catch (const FatalError& e) {
+      workerError_ = e.what();
+    }
+  });
+  connect(worker_, &QThread::finished, this, &MainWindow::EngineJobFinished);
+  worker_->start();
+}
+
+void MainWindow::CancelEngineJob() {
+  if (engineJob_) engineJob_->Cancel();
+}
+
+void MainWindow::EngineJobFinished() {
+  worker_->deleteLater();
+  worker_ = nullptr;
+  progressTimer_->stop();
+  const std::shared_ptr<EngineJob> job = std::move(engineJob_);
+  if (!workerError_.empty()) {
+    ReportFatal(workerError_.c_str());
+    return;
+  }
+  job->finished();
+  Sync();
+  if (closePending_) close();
+}
+
 // The worker's status, calculation and progress, as far as they have come.
 void MainWindow::ShowThinking() {
   ThinkingReport::Snapshot now;
-  if (!thinking_.Take(now)) return;
+  if (!(engineJob_ ? engineJob_->live : thinking_).Take(now)) return;
   if (!now.status.empty()) statusPanel_->setText(Q(now.status));
   if (!now.calculation.empty()) label_[9]->setText(Q(now.calculation));
   if (now.maximum > 0) {
@@ -486,6 +541,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     // Stop the search first; the window closes when the worker has ended.
     closePending_ = true;
     game_->StopRequest = 1;
+    if (engineJob_) engineJob_->Cancel();
     event->ignore();
     return;
   }

@@ -24,6 +24,7 @@ class QWidget;
 namespace qv::gui {
 
 class BoardWidget;
+class PlyValueWindow;
 class SoundPlayer;
 
 class MainWindow : public QMainWindow, public WindowLayer {
@@ -54,6 +55,9 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void Changed(unsigned parts) override;
   void StartComputerTurn(TurnReason reason) override;
   bool ShowVariantsDialog() override;
+  void StartEngineJob(std::shared_ptr<EngineJob> job) override;
+  void CancelEngineJob() override;
+  PlyValueWindow* plyValueWindow() { return plyValue_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -65,6 +69,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void Sync();
   void SyncList(QListWidget* list, const std::vector<std::string>& rows, int enabled);
   void TurnFinished();
+  void EngineJobFinished();
   void ShowThinking();
 
   std::unique_ptr<Game> game_;
@@ -94,6 +99,8 @@ class MainWindow : public QMainWindow, public WindowLayer {
   TurnReason turnReason_ = TurnReason::Reply;
   QTimer* progressTimer_ = nullptr;
   ThinkingReport thinking_;  // the worker's words while it thinks
+  std::shared_ptr<EngineJob> engineJob_;  // the analysis, hint or table the worker runs
+  PlyValueWindow* plyValue_ = nullptr;
   bool closePending_ = false;
   bool syncing_ = false;
   int shownSkin_ = -1;

@@ -60,7 +60,7 @@ constexpr Command ThinkingDisables[] = {
     Command::PlayerPlayer, Command::PlayerComputer, Command::ComputerComputer, Command::Back,    Command::First,
     Command::Compute,      Command::Analyze,        Command::NewGame,          Command::Open,    Command::Save,
     Command::NewVariant,   Command::Options,        Command::OfferDraw,        Command::Hint,    Command::Resign,
-    Command::Forward,      Command::Last,           Command::Text2};
+    Command::Forward,      Command::Last,           Command::Text2,            Command::PlyValueTable};
 
 void BeginThinking(Session& s) {
   Game& g = s.game;
@@ -115,6 +115,9 @@ void RemoveMenIfAsked(Session& s) {
 }
 
 }  // namespace
+
+void LockForSearch(Session& s) { BeginThinking(s); }
+void UnlockAfterSearch(Session& s) { EndThinking(s); }
 
 void BeginComputerTurn(Session& s, TurnReason reason) {
   BeginThinking(s);
@@ -234,6 +237,7 @@ void ComputerTurnFinished(Session& s, TurnReason reason) {
 
 void CancelCommand(Session& s) {
   s.game.StopRequest = 1;
+  s.window.CancelEngineJob();
   EnableCommand(s, Command::Cancel, 0);
   s.window.Changed(Part::Commands);
 }

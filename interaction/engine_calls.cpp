@@ -105,8 +105,14 @@ void CheckDrawsAfterWalk(Session& s) {
   if (g.BareKings == 1) g.DrawReason = 3;
 }
 void ClearHintState(Session&) {}
-void ClearAnalysisTable(Session& s) { s.screen.List3.clear(); }
-void ClearStoredReply(Game&) {}
+void ClearAnalysisTable(Session& s) {
+  s.screen.List3.clear();
+  for (RootScore& row : s.screen.RootInfo) row = RootScore{};
+}
+void ClearStoredReply(Game& g) {
+  g.StoredReplyFrom = 0;
+  g.StoredReplyTo = 0;
+}
 std::string GameEndText(const Game&) { return {}; }
 int LastSearchValue(const Game& g) { return g.GameInProgress == 1 ? g.LastSearchScore : 0; }
 void EndGameByAgreement(Session& s) {

@@ -4,11 +4,14 @@
 // changed, and a worker that runs the computer's turn. The Qt main window
 // implements it; the tests implement it with a recorder.
 #include <filesystem>
+#include <memory>
 #include <string>
 
 #include "interaction/screen.h"
 
 namespace qv {
+
+struct EngineJob;
 
 enum class BoxIcon { None, Exclamation, Question, Warning, Information };
 
@@ -46,6 +49,11 @@ class WindowLayer {
   // The rules dialog of "New Variant..."; it may change RuleSet. Windows
   // without it leave the rules as they are.
   virtual bool ShowVariantsDialog() { return false; }
+  // Runs job.work off the window thread on the job's own game, then
+  // job.finished on the window thread. Windows without a worker run both at once.
+  virtual void StartEngineJob(std::shared_ptr<EngineJob> job);
+  // Cancel: the running job's search stops at its next node.
+  virtual void CancelEngineJob() {}
 };
 
 }  // namespace qv

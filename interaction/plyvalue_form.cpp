@@ -1,0 +1,98 @@
+#include "interaction/plyvalue_form.h"
+
+#include <algorithm>
+
+#include "interaction/boardview.h"
+#include "interaction/commands.h"
+#include "interaction/engine_job.h"
+#include "interaction/mouse_entry.h"
+
+namespace qv {
+
+namespace {
+
+void ShowTable(PlyValueForm& form) { form.text = PlyValueText(form.table, form.sortIndex); }
+
+void PlyValueTableFinished(Session& s, PlyValueForm& form, PlyValueTable table) {
+  FollowPlyValueSearch(form);
+  form.job.reset();
+  form.table = std::move(table);
+  form.searching = false;
+  form.status = "Done!";
+  form.progress = form.progressMax;
+  form.sortIndex = SortBestDifference;
+  ShowTable(form);
+  s.screen.Busy = 0;
+  UnlockAfterSearch(s);
+  RefreshBoard(s, 0);
+  s.window.Changed(Part::All);
+}
+
+}  // namespace
+
+void PlyValueTableCommand(Session& s, PlyValueForm& form, std::function<void()> changed) {
+  Game& g = s.game;
+  Screen& sc = s.screen;
+  if (sc.Busy == 1) return;
+  g.StopRequest = 0;
+  g.SearchCancelled = 0;
+  form.sortNames.assign(PlyValueSortNames.begin(), PlyValueSortNames.end());
+  form.sortIndex = SortBestDifference;
+  form.status = "Searching...";
+  form.label.clear();
+  form.text.clear();
+  form.table = PlyValueTable{};
+  form.progress = 0;
+  form.progressMax = std::max(1, static_cast<int>(sc.List2.size()));
+  form.searching = true;
+  // The commands are locked as for the computer's turn, the markers taken
+  // off the board; the lists beside the board stay as they are.
+  const std::vector<std::string> list2 = sc.List2, list3 = sc.List3;
+  LockForSearch(s);
+  sc.List2 = list2;
+  sc.List3 = list3;
+  sc.StatusText.clear();
+  RefreshBoard(s, 0);
+  sc.Busy = 1;
+  s.window.Changed(Part::All);
+  if (changed) changed();
+
+  const int depth = std::clamp(g.Settings.PlyValueDepth, PlyValueDepthLowest, PlyValueDepthHighest);
+  auto job = std::make_shared<EngineJob>(g);
+  job->mainWindowFollows = false;
+  auto table = std::make_shared<PlyValueTable>();
+  job->work = [table, depth](EngineJob& j) {
+    PlyValueWatch watch;
+    watch.rowStarted = [&j](int row, int count) { j.live.SetProgress(row, count); };
+    watch.newBest = [&j](const std::string& label) { j.live.SetCalculation(label); };
+    *table = SearchPlyValueTable(*j.game, depth, watch);
+  };
+  job->finished = [&s, &form, table, changed] {
+    PlyValueTableFinished(s, form, std::move(*table));
+    if (changed) changed();
+  };
+  form.job = job;
+  s.window.StartEngineJob(job);
+}
+
+void ChangePlyValueSort(PlyValueForm& form, int index) {
+  if (index < 0 || index >= static_cast<int>(PlyValueSortNames.size())) return;
+  form.sortIndex = index;
+  if (!form.searching) ShowTable(form);
+}
+
+void CancelPlyValueTable(Session& s) { CancelCommand(s); }
+
+bool FollowPlyValueSearch(PlyValueForm& form) {
+  if (!form.job) return false;
+  ThinkingReport::Snapshot now;
+  if (!form.job->live.Take(now)) return false;
+  if (!now.calculation.empty()) form.label = now.calculation;
+  if (now.maximum > 0) {
+    form.progress = now.progress;
+    form.progressMax = now.maximum;
+  }
+  return true;
+}
+
+}  // namespace qv
