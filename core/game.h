@@ -191,6 +191,9 @@ struct Game {
   int BackRankActive = 1;
   int HorizonLimit = 0;
   int SearchCancelled = 0;
+  // 1 while the ply value table runs: a Cancel ends the quick search at once
+  // instead of at the end of the root move.
+  int QuickSearchCancels = 0;
   long long NodeCount = 0;  // search nodes visited, for the benchmarks
   int ThreeKingsSince = 0;
   int TwoKingsSince = 0;

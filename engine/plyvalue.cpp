@@ -84,7 +84,7 @@ bool SearchRow(Game& g, int n, int depth, PlyValueRow& row, const PlyValueWatch&
       working = "Score:" + Str(score) + "   Depth:" + Str(depth) + "   " + MoveLabel(g, roots[0]) + " " + line;
       if (!HasCaptureSign(working)) working.clear();
     });
-    if (!done) return false;
+    if (!done || g.SearchCancelled == 1) return false;
     row.values[static_cast<std::size_t>(p - 1)] = pass.alpha;
     lastPass = p;
   }
@@ -119,6 +119,7 @@ PlyValueTable SearchPlyValueTable(Game& g, int depth, const PlyValueWatch& watch
   table.depth = std::clamp(depth, PlyValueDepthLowest, PlyValueDepthHighest);
   GameKeeper keepAll(g);
   g.SearchCancelled = 0;
+  g.QuickSearchCancels = 1;
   std::vector<MoveRecord> legal;
   {
     GameKeeper keep(g);
@@ -149,6 +150,7 @@ PlyValueTable SearchPlyValueTable(Game& g, int depth, const PlyValueWatch& watch
   }
   if (g.StopRequest == 1) table.cancelled = true;
   g.StopRequest = 0;
+  g.QuickSearchCancels = 0;
   return table;
 }
 
