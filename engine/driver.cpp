@@ -1,7 +1,6 @@
 #include "engine/driver.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 
 #include "core/gameend.h"
@@ -47,6 +46,242 @@ bool WantsDraw(Game& g, int bestScore) {
   return g.WinAnnounced == 0 && bestScore < 30000 && g.MaterialByPly[g.Ply] == 0;
 }
 
+// "Computer is winning in 3 moves! ".
+std::string CountdownText(const std::string& head, int moves) {
+  return head + Str(moves) + " move" + (moves > 1 ? "s" : "") + "! ";
+}
+
+// One computer turn, step by step: the checks before thinking, the
+// iterations over the root moves, the move played and the rules after it.
+class Turn {
+ public:
+  Turn(Game& g, DriverUi& ui) : g_(g), ui_(ui), o_(g.Settings) {}
+
+  TurnReport Run() {
+    if (Begin() && FindRootMoves()) {
+      PrepareSearch();
+      Deepen();
+      EndThinking();
+      PlayBestMove();
+      OfferDraw();
+      ApplyDrawRules();
+      EndIfOpponentBlocked();
+    }
+    ui_.SetThinking(false);
+    g_.FocusSquare = 0;
+    g_.BookMoveFrom = 0;
+    return report_;
+  }
+
+ private:
+  // Start steps 1 to 8: the screen, and a game that ended before this turn.
+  // False when there is nothing left to play.
+  bool Begin() {
+    turnStart_ = WholeSeconds();
+    g_.BackRankActive = 1;
+    UpdateManThresholds(g_);
+    g_.NoiseRange = NoiseRangeFor(o_.StrengthHandicap);
+    g_.SearchCancelled = 0;
+    depthMode_ = o_.DepthMode;
+    strength_ = "Strength:" + Str(10 - o_.StrengthHandicap) +
+                (depthMode_ == 1 ? "   Depth:" + Str(o_.DepthLimit) + " ply" : "   Time:" + Str(o_.TimeLimit) + " sec");
+    ui_.SetStrengthLabel(strength_);
+    ui_.SetStatus("Thinking...");
+    ui_.SetThinking(true);
+
+    CommitRootPly(g_);
+    const int score = Evaluate(g_, -32000, 32000, g_.SideToMove);
+    ownLoss_ = g_.RuleLossPending == 1 || score == 32000;
+    if (g_.NoMoveDraw == 1) {
+      g_.NoMoveDraw = 0;
+      DeclareDraw(g_, ui_);
+      return false;
+    }
+    if (ownLoss_) {
+      ResultText(g_, 0);
+      ui_.SetStatus(o_.PlayerName + " wins!");
+      g_.GameOver = 1;
+      ui_.GameEnded(1.0);
+      ui_.Pause(0.5);
+      ui_.ShowMessage("Congratulations", o_.PlayerName + " wins!");
+      return false;
+    }
+    return true;
+  }
+
+  // Start step 9: the root moves; without any the game is over.
+  bool FindRootMoves() {
+    GenerateLegalMoves(g_);
+    rootCount_ = g_.PlyBase[1] - g_.PlyBase[0];
+    if (rootCount_ > 0) return true;
+    ResultText(g_, 0);
+    g_.GameOver = 1;
+    ui_.Pause(0.5);
+    const std::string text = g_.RuleSet.AntiMode == 1 ? "Computer wins!" : o_.PlayerName + " wins!";
+    if (g_.RuleSet.AntiMode != 1) ui_.GameEnded(1.0);
+    ui_.SetStatus(text);
+    ui_.ShowMessage("Congratulations", text);
+    return false;
+  }
+
+  // Start steps 10 and 12: the depth, the pause, then the clock.
+  void PrepareSearch() {
+    depthLimit_ = depthMode_ == 1 ? std::max(1, o_.DepthLimit) : 20;
+    if (rootCount_ == 1) depthLimit_ = 1;
+    ui_.SetProgress(0, depthMode_ == 1 ? rootCount_ * depthLimit_ : o_.TimeLimit);
+    ui_.Pause(0.5);
+  }
+
+  // The iterations, d from 1 to the depth limit, each over all root moves;
+  // the root moves are kept apart from the stack the search overwrites.
+  void Deepen() {
+    DeepeningSetup setup;
+    setup.depthLimit = depthLimit_;
+    setup.depthMode = depthMode_;
+    setup.timeLimit = o_.TimeLimit;
+    setup.clockStart = SearchClock();
+    DeepeningResult thought =
+        DeepenRootMoves(g_, ui_, setup, std::vector<MoveRecord>(g_.MoveStack.begin(), g_.MoveStack.begin() + rootCount_));
+    roots_ = std::move(thought.roots);
+    rootInfo_ = std::move(thought.rootInfo);
+    bestScore_ = thought.bestScore;
+    bestLine_ = std::move(thought.bestLine);
+    head_ = std::move(thought.head);
+    report_.depth = thought.depth;
+    report_.iterationLog = std::move(thought.iterationLog);
+  }
+
+  // End steps 1 to 3: the texts, the stop flags, the root scores sorted.
+  void EndThinking() {
+    ui_.SetStrengthLabel(strength_);
+    if (o_.ShowCalculation == 1)
+      ui_.SetCalculation(head_ + "   Time: " + TimeString(WholeSeconds() - turnStart_) + "\r\nMain: " + bestLine_);
+    if (g_.StopRequest == 2) {
+      g_.StopRequest = 0;
+      g_.SearchCancelled = 0;
+    }
+    if (g_.StopRequest == 1) {
+      // A Cancel that came after the last node: it still ends the thinking.
+      g_.StopRequest = 0;
+      g_.SearchCancelled = 1;
+    }
+    SortRootScores(rootInfo_);
+    ui_.SetStatus("");
+  }
+
+  // End steps 4 to 8: the move at the front of the root order is played and
+  // entered; what its score announces, and a game it won or drew.
+  void PlayBestMove() {
+    g_.MoveStack[0] = roots_[0];
+    g_.LastWasCapture = roots_[0].IsCapture() ? 1 : 0;
+    g_.LastWasCrowning = roots_[0].PromoteFlag == 2 ? 1 : 0;
+    g_.PlyBase[0] = 0;
+    g_.PlyBase[1] = 1;
+    MakeSearchMove(g_, 0);
+    g_.LastMoveIndex = 0;
+    const int score = Evaluate(g_, -32000, 32000, -g_.SideToMove);
+    bool computerWins = false, blockedDraw = false;
+    if (g_.NoMoveDraw == 1) {
+      g_.NoMoveDraw = 0;
+      blockedDraw = true;
+    } else if (bestScore_ < -31979) {
+      const int n = (bestScore_ + 32000 + (g_.RuleSet.AntiMode == 1 ? 1 : 0)) / 2;
+      ui_.SetStatus(CountdownText("Computer is losing in", n));
+      g_.WinAnnounced = 1;
+    } else if (bestScore_ >= 31980 && score < 31981) {
+      const int n = (32000 - bestScore_ + 1) / 2;
+      ui_.SetStatus(CountdownText("Computer is winning in", n));
+      g_.WinAnnounced = 1;
+    } else if (bestScore_ >= 31980) {
+      computerWins = true;
+    }
+    g_.ScoreHistory[g_.HalfMoveCount] = bestScore_;
+    g_.LastSearchScore = bestScore_;
+    CommitRootPly(g_);
+    EnterMoveInRecord(g_, 0, rootCount_);
+    UpdateDrawReason(g_);
+    ui_.MoveRecorded(g_.HalfMoveCount);
+
+    report_.moved = true;
+    report_.move = MoveLabel(g_, roots_[0]);
+    report_.score = bestScore_;
+    report_.mainLine = bestLine_;
+    report_.rootScores = rootInfo_;
+
+    // The ends are told once the move stands.
+    if (blockedDraw) DeclareDraw(g_, ui_);
+    if (computerWins) ComputerWins();
+  }
+
+  void ComputerWins() {
+    ResultText(g_, 0);
+    g_.GameOver = 1;
+    ui_.GameEnded(0.0);
+    ui_.SetStatus("Computer wins!");
+    ui_.Pause(0.5);
+    ui_.ShowMessage("Congratulations", "Computer wins!");
+  }
+
+  // End step 9: the computer may offer a draw.
+  void OfferDraw() {
+    if (g_.GameOver != 0 || !WantsDraw(g_, bestScore_)) return;
+    g_.LastDrawOffer = g_.HalfMoveCount;
+    ui_.Pause(0.5);
+    report_.drawOffered = true;
+    if (ui_.AskYesNo("Question", "How about a draw?")) DeclareDraw(g_, ui_);
+  }
+
+  // End step 10: the counted draw rules in force, for the opponent to move.
+  // The repetition and the move limit end the game only under the chess rules.
+  void ApplyDrawRules() {
+    if (g_.GameOver != 0) return;
+    GenerateMoves(g_, 0);
+    const bool captureAtHand = g_.PlyBase[1] > g_.PlyBase[0];
+    const int reason = g_.DrawReason;
+    const bool drawn = (o_.KingVersusKing == 1 && reason == 3 && !captureAtHand) ||
+                       (o_.ChessDrawRules == 1 && (reason == 1 || reason == 2)) ||
+                       (g_.RuleSet.ThreeKings == 1 && reason == 4) || (g_.RuleSet.TwoKings == 1 && reason == 5);
+    if (!drawn) return;
+    ResultText(g_, 2);
+    ui_.Pause(0.5);
+    g_.GameOver = 1;
+    ui_.GameEnded(0.5);
+    ReportDraw(g_, ui_, 0);
+  }
+
+  // End step 11: an opponent left without a move has lost, or under
+  // giveaway rules has won.
+  void EndIfOpponentBlocked() {
+    GenerateLegalMoves(g_);
+    if (g_.GameOver != 0 || g_.PlyBase[1] > g_.PlyBase[0]) return;
+    ResultText(g_, 0);
+    g_.GameOver = 1;
+    ui_.Pause(0.5);
+    const bool opponentWins = g_.RuleSet.AntiMode == 1 && o_.PlayMode != 2;
+    const std::string text = opponentWins ? o_.PlayerName + " wins!" : "Computer wins!";
+    ui_.GameEnded(opponentWins ? 1.0 : 0.0);
+    ui_.SetStatus(text);
+    ui_.ShowMessage("Congratulations", text);
+  }
+
+  Game& g_;
+  DriverUi& ui_;
+  const Options& o_;
+  TurnReport report_;
+
+  long turnStart_ = 0;
+  int depthMode_ = 0;
+  std::string strength_;
+  bool ownLoss_ = false;
+
+  int rootCount_ = 0;
+  int depthLimit_ = 1;
+  std::vector<RootScore> rootInfo_;
+  std::vector<MoveRecord> roots_;  // best first once the thinking is over
+  int bestScore_ = -32001;
+  std::string bestLine_, head_;
+};
+
 }  // namespace
 
 void DeclareDraw(Game& g, DriverUi& ui) {
@@ -64,147 +299,6 @@ int NoiseRangeFor(int strengthHandicap) {
   return range;
 }
 
-TurnReport ComputerMove(Game& g, DriverUi& ui) {
-  TurnReport report;
-  const Options& o = g.Settings;
-  const long turnStart = WholeSeconds();
-  g.BackRankActive = 1;
-  UpdateManThresholds(g);
-  g.NoiseRange = NoiseRangeFor(o.StrengthHandicap);
-  g.SearchCancelled = 0;
-  const int depthMode = o.DepthMode;
-  const std::string strength = "Strength:" + Str(10 - o.StrengthHandicap) +
-                               (depthMode == 1 ? "   Depth:" + Str(o.DepthLimit) + " ply"
-                                               : "   Time:" + Str(o.TimeLimit) + " sec");
-  ui.SetStrengthLabel(strength);
-  ui.SetStatus("Thinking...");
-  ui.SetThinking(true);
-
-  CommitRootPly(g);
-  int score = Evaluate(g, -32000, 32000, g.SideToMove);
-  const bool ownLoss = g.RuleLossPending == 1 || score == 32000;
-  const auto finish = [&]() {
-    ui.SetThinking(false);
-    g.FocusSquare = 0;
-    g.BookMoveFrom = 0;
-    return report;
-  };
-  if (g.NoMoveDraw == 1) {
-    g.NoMoveDraw = 0;
-    DeclareDraw(g, ui);
-    return finish();
-  }
-  if (ownLoss) {
-    ResultText(g, 0);
-    ui.SetStatus(o.PlayerName + " wins!");
-    g.GameOver = 1;
-    ui.GameEnded(1.0);
-    ui.Pause(0.5);
-    ui.ShowMessage("Congratulations", o.PlayerName + " wins!");
-    return finish();
-  }
-
-  GenerateLegalMoves(g);
-  int rootCount = g.PlyBase[1] - g.PlyBase[0];
-  if (rootCount == 0) {
-    ResultText(g, 0);
-    g.GameOver = 1;
-    ui.Pause(0.5);
-    const std::string text = g.RuleSet.AntiMode == 1 ? "Computer wins!" : o.PlayerName + " wins!";
-    if (g.RuleSet.AntiMode != 1) ui.GameEnded(1.0);
-    ui.SetStatus(text);
-    ui.ShowMessage("Congratulations", text);
-    return finish();
-  }
-  int depthLimit = depthMode == 1 ? std::max(1, o.DepthLimit) : 20;
-  if (rootCount == 1) depthLimit = 1;
-  const double clockStart = SearchClock();
-  ui.SetProgress(0, depthMode == 1 ? rootCount * depthLimit : o.TimeLimit);
-  ui.Pause(0.5);
-
-  DeepeningSetup setup;
-  setup.depthLimit = depthLimit;
-  setup.depthMode = depthMode;
-  setup.timeLimit = o.TimeLimit;
-  setup.clockStart = clockStart;
-  const std::vector<MoveRecord> legal(g.MoveStack.begin(), g.MoveStack.begin() + rootCount);
-  DeepeningResult thought = DeepenRootMoves(g, ui, setup, legal);
-  const std::vector<MoveRecord>& roots = thought.roots;
-  std::vector<RootScore>& rootInfo = thought.rootInfo;
-  const int bestScore = thought.bestScore;
-  const std::string& bestLine = thought.bestLine;
-  report.iterationLog = thought.iterationLog;
-  report.depth = thought.depth;
-
-  // End of thinking.
-  ui.SetStrengthLabel(strength);
-  if (o.ShowCalculation == 1)
-    ui.SetCalculation(thought.head + "   Time: " + TimeString(WholeSeconds() - turnStart) + "\r\nMain: " + bestLine);
-  if (g.StopRequest == 2) {
-    g.StopRequest = 0;
-    g.SearchCancelled = 0;
-  }
-  if (g.StopRequest == 1) {
-    // A Cancel that came after the last node: it still ends the thinking.
-    g.StopRequest = 0;
-    g.SearchCancelled = 1;
-  }
-  SortRootScores(rootInfo);
-  ui.SetStatus("");
-
-  // Play the best move: index 0 of the root order.
-  g.MoveStack[0] = roots[0];
-  g.LastWasCapture = roots[0].IsCapture() ? 1 : 0;
-  g.LastWasCrowning = roots[0].PromoteFlag == 2 ? 1 : 0;
-  g.PlyBase[0] = 0;
-  g.PlyBase[1] = 1;
-  MakeSearchMove(g, 0);
-  g.LastMoveIndex = 0;
-  const int mover = -g.SideToMove;
-  score = Evaluate(g, -32000, 32000, mover);
-  bool computerWins = false;
-  if (g.NoMoveDraw == 1) {
-    g.NoMoveDraw = 0;
-  } else if (bestScore < -31979) {
-    const int n = (bestScore + 32000 + (g.RuleSet.AntiMode == 1 ? 1 : 0)) / 2;
-    ui.SetStatus("Computer is losing in" + Str(n) + " move" + (n > 1 ? "s" : "") + "! ");
-    g.WinAnnounced = 1;
-  } else if (bestScore >= 31980 && score < 31981) {
-    const int n = (32000 - bestScore + 1) / 2;
-    ui.SetStatus("Computer is winning in" + Str(n) + " move" + (n > 1 ? "s" : "") + "! ");
-    g.WinAnnounced = 1;
-  } else if (bestScore >= 31980) {
-    computerWins = true;
-  }
-  g.ScoreHistory[g.HalfMoveCount] = bestScore;
-  g.LastSearchScore = bestScore;
-  CommitRootPly(g);
-  EnterMoveInRecord(g, 0, rootCount);
-  UpdateDrawReason(g);
-  ui.MoveRecorded(g.HalfMoveCount);
-
-  report.moved = true;
-  report.move = MoveLabel(g, roots[0]);
-  report.score = bestScore;
-  report.mainLine = bestLine;
-  report.rootScores = rootInfo;
-
-  if (computerWins) {
-    ResultText(g, 0);
-    g.GameOver = 1;
-    ui.GameEnded(0.0);
-    ui.SetStatus("Computer wins!");
-    ui.Pause(0.5);
-    ui.ShowMessage("Congratulations", "Computer wins!");
-  }
-  if (g.GameOver == 0 && WantsDraw(g, bestScore)) {
-    g.LastDrawOffer = g.HalfMoveCount;
-    ui.Pause(0.5);
-    report.drawOffered = true;
-    if (ui.AskYesNo("Question", "How about a draw?")) DeclareDraw(g, ui);
-  }
-  if (g.GameOver == 0) CheckGameEnd(g, ui, 0);
-  return finish();
-}
+TurnReport ComputerMove(Game& g, DriverUi& ui) { return Turn(g, ui).Run(); }
 
 }  // namespace qv
