@@ -35,10 +35,10 @@ struct Deepening {
   bool lazyRaiseArmed = false;
   int keptScore = 0;  // the score before the last short-line re-search
 
-  // Searches the root move already made at iteration depth d.
-  int Dispatch(int alpha, int beta, int d) {
-    return ScoreMadeRootMove(g, searchRootCount, [&] { return -SearchNode(g, member, -beta, -alpha, d - 1); });
-  }
+  void MakeRoot(const std::vector<MoveRecord>& roots, int i) { MakeRootMove(g, roots, i, searchRootCount); }
+
+  // The made root move searched at iteration depth d.
+  int Dispatch(int alpha, int beta, int d) { return DrawnOr(g, -SearchNode(g, member, -beta, -alpha, d - 1)); }
 
   // When the main line ended too soon, the first root move is searched one ply deeper.
   int ShortLineResearch(int score, int alpha, int beta, int d, bool& researched, const std::string& move) {
@@ -94,7 +94,7 @@ DeepeningResult DeepenRootMoves(Game& g, DriverUi& ui, const DeepeningSetup& set
       g.PVTable[0][0].From = 0;
       const std::string move = MoveLabel(g, roots[static_cast<std::size_t>(i)]);
       if (o.ShowCalculation == 1) ui.SetStatus(word + " (" + std::to_string(d) + ")  " + move);
-      MakeRootMove(g, roots, i);
+      turn.MakeRoot(roots, i);
       score = turn.Dispatch(alpha, beta, d);
       if (i == 0) score = turn.ShortLineResearch(score, alpha, beta, d, researched, move);
       UndoRootMove(g);
@@ -105,7 +105,7 @@ DeepeningResult DeepenRootMoves(Game& g, DriverUi& ui, const DeepeningSetup& set
           const int old = alpha;
           alpha = score;
           beta = 32000;
-          MakeRootMove(g, roots, i);
+          turn.MakeRoot(roots, i);
           score = turn.Dispatch(alpha, beta, d);
           if (score > old) score = turn.ShortLineResearch(score, alpha, beta, d, researched, move);
           UndoRootMove(g);
@@ -127,7 +127,7 @@ DeepeningResult DeepenRootMoves(Game& g, DriverUi& ui, const DeepeningSetup& set
             alpha = score;
             beta = 32000;
           }
-          MakeRootMove(g, roots, 0);
+          turn.MakeRoot(roots, 0);
           score = turn.Dispatch(alpha, beta, d);
           score = turn.ShortLineResearch(score, alpha, beta, d, researched, move);
           UndoRootMove(g);

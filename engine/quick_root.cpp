@@ -8,8 +8,8 @@ namespace qv {
 int QuickScoreDepth(const Game& g) { return g.Flags.SearchFlavour > 0 ? 1 : 3; }
 
 int QuickRootScore(Game& g, const std::vector<MoveRecord>& roots, int i, const QuickPass& pass) {
-  MakeRootMove(g, roots, i);
-  const int score = ScoreMadeRootMove(g, pass.searchRootCount, [&] { return QuickScoreAt(g, pass.quickDepth); });
+  MakeRootMove(g, roots, i, pass.searchRootCount);
+  const int score = DrawnOr(g, QuickScoreAt(g, pass.quickDepth));
   UndoRootMove(g);
   return score;
 }

@@ -12,20 +12,21 @@ std::vector<MoveRecord> GenerateRootMoves(Game& g) {
   return std::vector<MoveRecord>(g.MoveStack.begin() + g.PlyBase[0], g.MoveStack.begin() + g.PlyBase[1]);
 }
 
-void MakeRootMove(Game& g, const std::vector<MoveRecord>& roots, int i) {
+void MakeRootMove(Game& g, const std::vector<MoveRecord>& roots, int i, int searchRootCount) {
   g.MoveStack[0] = roots[static_cast<std::size_t>(i)];
   g.PlyBase[1] = 1;
   MakeSearchMove(g, 0);
-}
-
-void UndoRootMove(Game& g) { UndoSearchMove(g, 0); }
-
-void NoteLineDrawn(Game& g, int upto) {
+  const int upto = searchRootCount - 1;
   CountRepetitions(g, upto);
   if (g.LineDrawn == 0) {
     CheckMoveLimit(g, upto);
     g.LineDrawn = g.LimitReached;
   }
+}
+
+void UndoRootMove(Game& g) {
+  UndoSearchMove(g, 0);
+  g.LineDrawn = 0;
 }
 
 std::vector<RootScore> FreshRootInfo(const std::vector<MoveRecord>& roots) {

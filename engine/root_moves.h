@@ -23,20 +23,16 @@ struct RootScore {
 // when none came, copied off the stack.
 std::vector<MoveRecord> GenerateRootMoves(Game& g);
 
-// Plays root move i (copied back onto the stack first) and takes it back.
-void MakeRootMove(Game& g, const std::vector<MoveRecord>& roots, int i);
+// Plays root move i, copied back onto the stack first, and notes in
+// LineDrawn whether the line so far repeats a position of the game or runs
+// out the move limit (searchRootCount is HalfMoveCount at the root). The mark
+// lasts through every search of the move and ends when it is taken back.
+void MakeRootMove(Game& g, const std::vector<MoveRecord>& roots, int i, int searchRootCount);
 void UndoRootMove(Game& g);
 
-// With a root move made: sets LineDrawn from the repetition count of the line
-// up to `upto`, or from the move limit when nothing repeats.
-void NoteLineDrawn(Game& g, int upto);
-
-// With root move i made: the repetition count and the move limit of the line
-// up to the root (searchRootCount is HalfMoveCount at the root) decide
-// whether it ends drawn; then `search` scores the position, and a drawn line
-// scores 0.
-template <class Search>
-int ScoreMadeRootMove(Game& g, int searchRootCount, Search search);
+// The score of the made root move: a line that repeats or runs out the move
+// limit scores as a draw.
+inline int DrawnOr(const Game& g, int score) { return g.LineDrawn >= 1 ? 0 : score; }
 
 // A new best goes to the front, the moves before it shift down by one.
 template <class T>
@@ -73,15 +69,6 @@ class GameKeeper {
   struct Saved;
   std::unique_ptr<Saved> saved_;
 };
-
-template <class Search>
-int ScoreMadeRootMove(Game& g, int searchRootCount, Search search) {
-  NoteLineDrawn(g, searchRootCount - 1);
-  int score = search();
-  if (g.LineDrawn >= 1) score = 0;
-  g.LineDrawn = 0;
-  return score;
-}
 
 template <class T>
 void MoveToFront(std::vector<T>& rows, int i) {

@@ -104,7 +104,7 @@ void CheckDrawsAfterWalk(Session& s) {
   if (g.LineDrawn == 3) g.DrawReason = 1;
   if (g.BareKings == 1) g.DrawReason = 3;
 }
-void ClearHintState(Session&) {}
+void ClearHintState(Session& s) { ClearStoredReply(s.game); }
 void ClearAnalysisTable(Session& s) {
   s.screen.List3.clear();
   for (RootScore& row : s.screen.RootInfo) row = RootScore{};
