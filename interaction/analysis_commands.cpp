@@ -8,7 +8,8 @@
 #include "engine/hint.h"
 #include "interaction/boardview.h"
 #include "interaction/commands.h"
-#include "interaction/engine_job.h"
+#include "interaction/engine_calls.h"
+#include "interaction/engine_worker.h"
 #include "interaction/movelist.h"
 #include "interaction/navigation.h"
 #include "interaction/record.h"
@@ -18,6 +19,18 @@ namespace qv {
 namespace {
 
 constexpr int NotComputed = -32767;
+
+// The search's running words, passed on to the window through the worker's report.
+class LiveWords : public DriverUi {
+ public:
+  explicit LiveWords(ThinkingReport& report) : report_(report) {}
+  void SetStatus(const std::string& text) override { report_.SetStatus(text); }
+  void SetCalculation(const std::string& text) override { report_.SetCalculation(text); }
+  void SetProgress(int value, int maximum) override { report_.SetProgress(value, maximum); }
+
+ private:
+  ThinkingReport& report_;
+};
 
 // Back on the window thread when the analysis is over.
 void AnalysisFinished(Session& s, const AnalysisResult& r) {
@@ -70,14 +83,11 @@ void AnalyzeCommand(Session& s) {
   LockForSearch(s);
   sc.StatusText = "Analyzing...";
   s.window.Changed(Part::All);
-  auto job = std::make_shared<EngineJob>(g);
-  auto result = std::make_shared<AnalysisResult>();
-  job->work = [result](EngineJob& j) {
-    LiveWords live(j.live);
-    *result = Analysis(*j.game, live);
-  };
-  job->finished = [&s, result] { AnalysisFinished(s, *result); };
-  s.window.StartEngineJob(job);
+  s.window.StartEngineJob(g, [](Game& work, ThinkingReport& live) -> ApplyOnWindow {
+    LiveWords words(live);
+    AnalysisResult result = Analysis(work, words);
+    return [result = std::move(result)](Session& s) { AnalysisFinished(s, result); };
+  });
 }
 
 void HintCommand(Session& s) {
@@ -94,11 +104,10 @@ void HintCommand(Session& s) {
     HintFinished(s, Hint(g), controls);
     return;
   }
-  auto job = std::make_shared<EngineJob>(g);
-  auto result = std::make_shared<HintResult>();
-  job->work = [result](EngineJob& j) { *result = Hint(*j.game); };
-  job->finished = [&s, result, controls] { HintFinished(s, *result, controls); };
-  s.window.StartEngineJob(job);
+  s.window.StartEngineJob(g, [controls](Game& work, ThinkingReport&) -> ApplyOnWindow {
+    HintResult result = Hint(work);
+    return [result = std::move(result), controls](Session& s) { HintFinished(s, result, controls); };
+  });
 }
 
 void FillAnalysisList(Session& s) {

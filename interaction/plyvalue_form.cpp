@@ -4,7 +4,7 @@
 
 #include "interaction/boardview.h"
 #include "interaction/commands.h"
-#include "interaction/engine_job.h"
+#include "interaction/engine_worker.h"
 #include "interaction/mouse_entry.h"
 
 namespace qv {
@@ -15,7 +15,7 @@ void ShowTable(PlyValueForm& form) { form.text = PlyValueText(form.table, form.s
 
 void PlyValueTableFinished(Session& s, PlyValueForm& form, PlyValueTable table) {
   FollowPlyValueSearch(form);
-  form.job.reset();
+  form.live.reset();
   form.table = std::move(table);
   form.searching = false;
   form.status = "Done!";
@@ -58,21 +58,18 @@ void PlyValueTableCommand(Session& s, PlyValueForm& form, std::function<void()> 
   if (changed) changed();
 
   const int depth = std::clamp(g.Settings.PlyValueDepth, PlyValueDepthLowest, PlyValueDepthHighest);
-  auto job = std::make_shared<EngineJob>(g);
-  job->mainWindowFollows = false;
-  auto table = std::make_shared<PlyValueTable>();
-  job->work = [table, depth](EngineJob& j) {
+  auto live = std::make_shared<ThinkingReport>();
+  form.live = live;
+  s.window.StartEngineJob(g, [live, depth, &form, changed](Game& work, ThinkingReport&) -> ApplyOnWindow {
     PlyValueWatch watch;
-    watch.rowStarted = [&j](int row, int count) { j.live.SetProgress(row, count); };
-    watch.newBest = [&j](const std::string& label) { j.live.SetCalculation(label); };
-    *table = SearchPlyValueTable(*j.game, depth, watch);
-  };
-  job->finished = [&s, &form, table, changed] {
-    PlyValueTableFinished(s, form, std::move(*table));
-    if (changed) changed();
-  };
-  form.job = job;
-  s.window.StartEngineJob(job);
+    watch.rowStarted = [&live](int row, int count) { live->SetProgress(row, count); };
+    watch.newBest = [&live](const std::string& label) { live->SetCalculation(label); };
+    PlyValueTable table = SearchPlyValueTable(work, depth, watch);
+    return [table = std::move(table), &form, changed](Session& s) mutable {
+      PlyValueTableFinished(s, form, std::move(table));
+      if (changed) changed();
+    };
+  });
 }
 
 void ChangePlyValueSort(PlyValueForm& form, int index) {
@@ -84,9 +81,9 @@ void ChangePlyValueSort(PlyValueForm& form, int index) {
 void CancelPlyValueTable(Session& s) { CancelCommand(s); }
 
 bool FollowPlyValueSearch(PlyValueForm& form) {
-  if (!form.job) return false;
+  if (!form.live) return false;
   ThinkingReport::Snapshot now;
-  if (!form.job->live.Take(now)) return false;
+  if (!form.live->Take(now)) return false;
   if (!now.calculation.empty()) form.label = now.calculation;
   if (now.maximum > 0) {
     form.progress = now.progress;

@@ -12,7 +12,7 @@
 
 namespace qv {
 
-struct EngineJob;
+class ThinkingReport;
 
 struct PlyValueForm {
   std::vector<std::string> sortNames;  // Combo1, in its order
@@ -23,7 +23,7 @@ struct PlyValueForm {
   int progress = 0, progressMax = 1;
   bool searching = false;  // Cancel (Command2) is live
   PlyValueTable table;     // the rows in the order the search filled them
-  std::shared_ptr<EngineJob> job;  // the search under way
+  std::shared_ptr<ThinkingReport> live;  // what the search under way says
 };
 
 // "Show Ply Value Table": shows the form and searches the table of the
