@@ -10,6 +10,7 @@
 #include "interaction/commands.h"
 #include "interaction/engine_calls.h"
 #include "interaction/engine_worker.h"
+#include "interaction/mouse_entry.h"
 #include "interaction/movelist.h"
 #include "interaction/navigation.h"
 #include "interaction/record.h"
@@ -55,6 +56,7 @@ void AnalysisFinished(Session& s, const AnalysisResult& r) {
   }
   RefreshMoveChoices(s);
   RefreshBoard(s, 0);
+  if (s.game.GameOver == 0 && s.game.Settings.ShowAvailableMoves == 1) MarkMovablePieces(s);
   s.window.Changed(Part::All);
   if (!r.boxText.empty()) s.window.ShowMessage(r.boxText, r.boxCaption, BoxIcon::Information);
 }

@@ -25,6 +25,7 @@ void PlyValueTableFinished(Session& s, PlyValueForm& form, PlyValueTable table) 
   s.screen.Busy = 0;
   UnlockAfterSearch(s);
   RefreshBoard(s, 0);
+  if (s.game.GameOver == 0 && s.game.Settings.ShowAvailableMoves == 1) MarkMovablePieces(s);
   s.window.Changed(Part::All);
 }
 
