@@ -47,7 +47,6 @@ void AnalysisFinished(Session& s, const AnalysisResult& r) {
     EnableCommand(s, Command::List3, 1);
   }
   if (g.Settings.ShowCalculation == 1 && !r.calculation.empty()) sc.Label9 = r.calculation;
-  sc.StatusText = r.status;
   sc.ProgressValue = 0;
   if (g.GameOver == 1) {
     for (Command c : {Command::Compute, Command::ComputerComputer, Command::Analyze, Command::List2,
@@ -57,6 +56,8 @@ void AnalysisFinished(Session& s, const AnalysisResult& r) {
   RefreshMoveChoices(s);
   RefreshBoard(s, 0);
   if (s.game.GameOver == 0 && s.game.Settings.ShowAvailableMoves == 1) MarkMovablePieces(s);
+  // "Computer is winning in 3 moves! " and the like stand over the side to move.
+  if (!r.status.empty()) sc.StatusText = r.status;
   s.window.Changed(Part::All);
   if (!r.boxText.empty()) s.window.ShowMessage(r.boxText, r.boxCaption, BoxIcon::Information);
 }

@@ -1,5 +1,8 @@
 #include "interaction_fixture.h"
 
+#include <chrono>
+#include <thread>
+
 #include "engine/hint.h"
 #include "interaction/analysis_commands.h"
 #include "interaction/movelist.h"
@@ -117,6 +120,35 @@ TEST_F(AnalysisCommandsTest, ThePlyValueFormSortsWithoutSearchingAgain) {
   EXPECT_EQ(screen.Busy, 0);
   EXPECT_EQ(screen[Command::Compute].Enabled, 1);
   EXPECT_EQ(game->HalfMoveCount, 0);
+}
+
+}  // namespace qv
+
+namespace qv {
+
+TEST_F(AnalysisCommandsTest, CancelEndsADeepTableWithTheRowsDoneAndEveryClickWaits) {
+  window.threaded = true;
+  game->Settings.PlyValueDepth = 20;
+  PlyValueForm form;
+  PlyValueTableCommand(session, form, {});
+  ASSERT_TRUE(form.searching);
+  EXPECT_EQ(screen.Busy, 1);
+  // Nothing else runs while the table is searched; Cancel does.
+  for (Command c : {Command::Analyze, Command::Hint, Command::Compute, Command::PlyValueTable, Command::NewGame})
+    EXPECT_FALSE(CommandAvailable(screen, c));
+  EXPECT_TRUE(CommandAvailable(screen, Command::Cancel));
+  AnalyzeCommand(session);
+  HintCommand(session);
+  CancelPlyValueTable(session);
+  while (window.Pump()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  EXPECT_FALSE(form.searching);
+  EXPECT_EQ(form.status, "Done!");
+  EXPECT_TRUE(form.table.cancelled);
+  EXPECT_LT(form.table.rows.size(), 7u);
+  EXPECT_EQ(screen.Busy, 0);
+  EXPECT_TRUE(window.messages.empty());
+  EXPECT_EQ(window.turns, 1);  // the analysis and the hint did not start
+  EXPECT_TRUE(CommandAvailable(screen, Command::Analyze));
 }
 
 }  // namespace qv
