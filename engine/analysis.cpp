@@ -9,6 +9,7 @@
 #include "engine/driver.h"
 #include "engine/evaluate.h"
 #include "engine/timetext.h"
+#include "files/book.h"
 
 namespace qv {
 
@@ -80,10 +81,15 @@ void Analyse(Game& g, DriverUi& ui, AnalysisResult& r) {
   setup.shortLineResearch = false;
   setup.statusWord = "Analyzing...";
   if (roots.size() == 1) setup.depthLimit = 1;
-  // The opening book's answer stands in BookMoveFrom and BookMoveTo when the
-  // caller has asked the book (OpeningBook on); a move that is not legal is
-  // forgotten and the search runs.
-  if (o.OpeningBook == 1) setup.bookMove = NarrowToBookMove(g, roots, setup.depthLimit);
+  // The book, as for the computer's turn: a known move is the only root
+  // move, searched to depth 1; a move that is not legal is forgotten.
+  if (o.OpeningBook == 1) {
+    const BookAnswer book = BookLookup(g, 1, g.Random);
+    if (!book.MessageText.empty()) ui.ShowMessage(book.MessageCaption, book.MessageText);
+    g.BookMoveFrom = book.BookMoveFrom;
+    g.BookMoveTo = book.BookMoveTo;
+    setup.bookMove = NarrowToBookMove(g, roots, setup.depthLimit);
+  }
   setup.clockStart = SearchClock();
   ui.SetProgress(0, setup.depthMode == 1 ? static_cast<int>(roots.size()) * setup.depthLimit : setup.timeLimit);
 

@@ -11,6 +11,7 @@
 #include "engine/evaluate.h"
 #include "engine/search.h"
 #include "engine/timetext.h"
+#include "files/book.h"
 
 namespace qv {
 
@@ -72,6 +73,7 @@ class Turn {
       decision_.bestScore = bestScore_;
       decision_.mainLine = bestLine_;
       decision_.rootScores = rootInfo_;
+      decision_.fromBook = fromBook_;
     }
     decision_.strengthLabel = strength_;
     decision_.engine = CarriedEngineState::From(g_);
@@ -168,6 +170,7 @@ class Turn {
     rootInfo_ = decision.rootScores;
     strength_ = decision.strengthLabel;
     calculation_ = decision.calculation;
+    fromBook_ = decision.fromBook;
     report_.depth = decision.depth;
     report_.iterationLog = decision.iterationLog;
   }
@@ -178,6 +181,30 @@ class Turn {
     if (rootCount_ == 1) depthLimit_ = 1;
     ui_.SetProgress(0, depthMode_ == 1 ? rootCount_ * depthLimit_ : o_.TimeLimit);
     ui_.Pause(0.5);
+    clockStart_ = SearchClock();
+    // Step 11, the book: a known opening move is played after one iteration.
+    fromBook_ = PlayBookMove();
+    if (fromBook_) depthLimit_ = 1;
+  }
+
+  // Asks the book for a move when the player wants the book used. A proposed
+  // move that is among the root moves becomes the only one; anything else
+  // is dropped and the search decides.
+  bool PlayBookMove() {
+    g_.BookMoveFrom = 0;
+    g_.BookMoveTo = 0;
+    if (o_.OpeningBook != 1) return false;
+    const BookAnswer book = BookLookup(g_, 1, g_.Random);
+    if (!book.MessageText.empty()) ui_.ShowMessage(book.MessageCaption, book.MessageText);
+    for (int i = 0; i < rootCount_ && book.BookMoveFrom != 0; ++i) {
+      if (g_.MoveStack[i].FromSquare != book.BookMoveFrom || g_.MoveStack[i].ToSquare != book.BookMoveTo) continue;
+      g_.MoveStack[0] = g_.MoveStack[i];
+      rootCount_ = 1;
+      g_.BookMoveFrom = book.BookMoveFrom;
+      g_.BookMoveTo = book.BookMoveTo;
+      return true;
+    }
+    return false;
   }
 
   // The iterations, d from 1 to the depth limit, each over all root moves;
@@ -187,7 +214,8 @@ class Turn {
     setup.depthLimit = depthLimit_;
     setup.depthMode = depthMode_;
     setup.timeLimit = o_.TimeLimit;
-    setup.clockStart = SearchClock();
+    setup.clockStart = clockStart_;
+    setup.bookMove = fromBook_;
     DeepeningResult thought =
         DeepenRootMoves(g_, ui_, setup, std::vector<MoveRecord>(g_.MoveStack.begin(), g_.MoveStack.begin() + rootCount_));
     roots_ = std::move(thought.roots);
@@ -259,6 +287,7 @@ class Turn {
     report_.move = MoveLabel(g_, roots_[0]);
     report_.score = bestScore_;
     report_.mainLine = bestLine_;
+    report_.fromBook = fromBook_;
     report_.rootScores = rootInfo_;
 
     // The ends are told once the move stands.
@@ -329,6 +358,8 @@ class Turn {
 
   int rootCount_ = 0;
   int depthLimit_ = 1;
+  bool fromBook_ = false;
+  double clockStart_ = 0;
   std::vector<RootScore> rootInfo_;
   std::vector<MoveRecord> roots_;  // best first once the thinking is over
   int bestScore_ = -32001;

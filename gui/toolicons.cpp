@@ -151,6 +151,20 @@ QIcon CommandIcon(Command command) {
       p.setPen(QPen(QColor(40, 40, 40), 6, Qt::SolidLine, Qt::RoundCap));
       p.drawLine(QPointF(30, 30), QPointF(42, 42));
       break;
+    case Command::Options: {
+      // A cog wheel.
+      p.setPen(Qt::NoPen);
+      p.setBrush(QColor(90, 96, 104));
+      p.translate(24, 24);
+      for (int tooth = 0; tooth < 8; ++tooth) {
+        p.drawRoundedRect(QRectF(-4.5, -21, 9, 12), 2, 2);
+        p.rotate(45);
+      }
+      p.drawEllipse(QPointF(0, 0), 14, 14);
+      p.setBrush(QColor(235, 235, 235));
+      p.drawEllipse(QPointF(0, 0), 6, 6);
+      break;
+    }
     default: break;
   }
   return QIcon(pixmap);
