@@ -5,6 +5,7 @@
 #include "core/makemove.h"
 #include "core/movegen.h"
 #include "engine/driver.h"
+#include "files/gamefile.h"
 
 namespace qv::cli {
 
@@ -57,6 +58,13 @@ int RunPlay(CliContext& context) {
   }
   context.out << movetext << (g.GameResult.empty() ? "*" : g.GameResult) << '\n';
   if (!ui.result.empty()) context.out << ui.result << '\n';
+  if (o.save) {
+    const FileWriteResult written = SaveGame(g, *o.save);
+    if (!written) {
+      context.err << written.error << '\n';
+      return 1;
+    }
+  }
   return 0;
 }
 
