@@ -58,6 +58,8 @@ int RunPlay(CliContext& context) {
   }
   context.out << movetext << (g.GameResult.empty() ? "*" : g.GameResult) << '\n';
   if (!ui.result.empty()) context.out << ui.result << '\n';
+  // A game that the given or loaded moves ended says how it ended.
+  else if (g.GameOver == 1 && !g.GameNote.empty()) context.out << g.GameNote << '\n';
   if (o.save) {
     const FileWriteResult written = SaveGame(g, *o.save);
     if (!written) {
