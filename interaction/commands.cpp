@@ -6,8 +6,10 @@
 #include "core/movegen.h"
 #include "core/newgame.h"
 #include "core/text.h"
+#include "files/settings.h"
 #include "interaction/boardview.h"
 #include "interaction/engine_calls.h"
+#include "interaction/filecommands.h"
 #include "interaction/mouse_entry.h"
 #include "interaction/movelist.h"
 #include "interaction/navigation.h"
@@ -19,6 +21,13 @@ namespace qv {
 void EnableCommand(Session& s, Command c, int enabled) { s.screen[c].Enabled = enabled; }
 void CheckCommand(Session& s, Command c, int checked) { s.screen[c].Checked = checked; }
 
+void CheckNotation(Session& s) {
+  const int kind = s.game.Settings.NotationKind;
+  CheckCommand(s, Command::NotationAlgebraic, kind == 0);
+  CheckCommand(s, Command::NotationNumeric, kind == 1);
+  CheckCommand(s, Command::NotationNone, kind == 2);
+}
+
 namespace {
 
 void CheckPlayMode(Session& s) {
@@ -26,13 +35,6 @@ void CheckPlayMode(Session& s) {
   CheckCommand(s, Command::PlayerComputer, mode == 0);
   CheckCommand(s, Command::PlayerPlayer, mode == 1);
   CheckCommand(s, Command::ComputerComputer, mode == 2);
-}
-
-void CheckNotation(Session& s) {
-  const int kind = s.game.Settings.NotationKind;
-  CheckCommand(s, Command::NotationAlgebraic, kind == 0);
-  CheckCommand(s, Command::NotationNumeric, kind == 1);
-  CheckCommand(s, Command::NotationNone, kind == 2);
 }
 
 std::string StrengthCaption(const Options& o) {
@@ -127,6 +129,7 @@ void ShowNewGame(Session& s) {
   sc.StatusText = g.SideToMove == 1 ? "White moves" : "Black moves";
   sc.Label9 = "no calculation";
   sc.Text1.clear();
+  sc.Title = "Quorvanis 1.58";
   for (Command c : {Command::Analyze, Command::Compute, Command::ComputerComputer, Command::List2})
     EnableCommand(s, c, 1);
   for (Command c : {Command::Back, Command::First, Command::Forward, Command::Last}) EnableCommand(s, c, 0);
@@ -148,10 +151,9 @@ void StartUp(Session& s) {
   g.CustomPosition = 0;
   g.TouchedCell = 0;
   g.LazyMargin = 150;
-  // No settings file is read yet: the first-run defaults stand.
   BuildDirTable(g);
-  if (g.Settings.DepthLimit == 0) g.Settings.DepthLimit = 2;
-  if (g.Settings.PlayMode == 2) g.Settings.PlayMode = 0;
+  ReadStartSettings(s);
+  SettleStoredModes(g.Settings);
   CheckPlayMode(s);
   CheckNotation(s);
   CheckCommand(s, Command::Calculation, g.Settings.ShowCalculation);
@@ -166,6 +168,7 @@ void StartUp(Session& s) {
   RefreshBoard(s, 0);
   sc.StrengthText = StrengthCaption(g.Settings);
   RemoveMenIfAsked(s);
+  OpenStartGame(s);
   s.window.Changed(Part::All);
 }
 
@@ -195,6 +198,7 @@ void NewGameCommand(Session& s, int askRules) {
   sc.List3.clear();
   RefreshBoard(s, 0);
   if (askRules == 0) RemoveMenIfAsked(s);
+  DoMovesIfAsked(s);
   if (g.Settings.UseSound == 1) s.window.PlaySound(g.DataFolder / "sounds" / "roll.wav");
   s.window.Changed(Part::All);
 }

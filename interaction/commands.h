@@ -6,6 +6,8 @@ namespace qv {
 
 void EnableCommand(Session& s, Command c, int enabled);
 void CheckCommand(Session& s, Command c, int checked);
+// The Notation menu shows the notation in force.
+void CheckNotation(Session& s);
 
 // What a new game shows: status, lists and the commands that open a game.
 void ShowNewGame(Session& s);

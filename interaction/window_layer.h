@@ -5,6 +5,7 @@
 // implements it; the tests implement it with a recorder.
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "interaction/screen.h"
 
@@ -46,6 +47,12 @@ class WindowLayer {
   // The rules dialog of "New Variant..."; it may change RuleSet. Windows
   // without it leave the rules as they are.
   virtual bool ShowVariantsDialog() { return false; }
+  // The Load Game and Save Game dialogs: the title, the file kinds in the
+  // order shown, the folder to start in. An empty path when cancelled.
+  virtual std::filesystem::path ChooseGameFile(const std::string& /*title*/, const std::vector<std::string>& /*filters*/,
+                                               bool /*save*/) {
+    return {};
+  }
 };
 
 }  // namespace qv
