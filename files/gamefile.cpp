@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <system_error>
 #include <vector>
 
@@ -228,7 +229,8 @@ LoadResult Replay(Game& g, const std::vector<std::string>& lines, std::size_t ne
       continue;
     }
     const ReplayStatus status = PlayRecordedMove(g, line, MoverCodeLoaded);
-    if (status == ReplayStatus::RecordFull) throw SilentEnd{};
+    // The record holds 500 full moves; the rest of a longer file is left unread.
+    if (status == ReplayStatus::RecordFull) break;
     if (status == ReplayStatus::Refused) {
       result.message = ToUpper(line) + ": Illegal move!";
       result.caption = "Error";
@@ -345,7 +347,9 @@ LoadResult LoadNativeGame(Game& g, const fs::path& file, int source) {
     result.caption = "Error";
     return result;
   }
-  // From here on the game is replaced.
+  // From here on the game is replaced. A file that breaks off before its
+  // moves gives the game back as it was.
+  const auto before = std::make_unique<Game>(g);
   NewGame(g);
   try {
     std::size_t next = 1;
@@ -359,8 +363,7 @@ LoadResult LoadNativeGame(Game& g, const fs::path& file, int source) {
     SetUpRules(g);
     result = Replay(g, lines, next, source, file, result);
   } catch (const SilentEnd&) {
-    g.Ply = 0;
-    GenerateLegalMoves(g);
+    g = *before;
   }
   return result;
 }

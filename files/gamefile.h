@@ -31,9 +31,10 @@ struct LoadResult {
 };
 
 // Reads a game file of either format into g. A file that is not a game file
-// of this program or of another version changes nothing and says so; a move
-// that is not legal ends the load with "<MOVE>: Illegal move!" and a new
-// game of the file's rules.
+// of this program or of another version changes nothing and says so; one
+// that breaks off in its header or holds a value that cannot be read changes
+// nothing either, without a word; a move that is not legal ends the load
+// with "<MOVE>: Illegal move!" and a new game of the file's rules.
 LoadResult LoadGame(Game& g, const std::filesystem::path& file, int source);
 
 // Writes g's game to the file in the format its extension names.

@@ -217,6 +217,46 @@ TEST(GameFile, FilesThatAreNoGameFilesOfThisVersionChangeNothing) {
   EXPECT_EQ(Snapshot(*g), before);
 }
 
+TEST(GameFile, AFileBrokenOffOrUnreadableInItsHeaderChangesNothing) {
+  TempFolder folder;
+  auto g = GameOf("American Checkers");
+  PlayRandomMoves(*g, 8);
+  const std::string before = Snapshot(*g);
+  const std::string header = NativeGameHeader(*GameOf("Italian Checkers"));
+  const std::string broken[] = {
+      header.substr(0, header.find("UseClassic=")),             // cut before START
+      header.substr(0, header.find("Offset=") + 9),               // cut inside the movement lines
+      std::string(header).replace(header.find("Book=1"), 6, "Book=x"),  // Book= is read strictly
+      std::string(header).replace(header.find("Variant=*Italian Checkers*"), 26, "Variant=77"),
+  };
+  for (const std::string& text : broken) {
+    WriteFileText(folder / "broken.qvn", text);
+    const LoadResult r = LoadGame(*g, folder / "broken.qvn", LoadChosenFile);
+    EXPECT_FALSE(r.loaded);
+    EXPECT_TRUE(r.message.empty()) << r.message;
+    EXPECT_EQ(Snapshot(*g), before);
+    EXPECT_EQ(g->VariantName, "American Checkers");
+  }
+}
+
+TEST(GameFile, AFileLongerThan500MovesLoadsTheFirst500) {
+  TempFolder folder;
+  auto kings = testing::NewTestGame();
+  testing::SetPosition(*kings, {{"A1", WhiteKing}, {"C1", WhiteKing}, {"H8", BlackKing}, {"F8", BlackKing}}, 1);
+  AdoptBoardPosition(*kings);
+  std::string text = NativeGameHeader(*kings);
+  const char* shuffle[] = {"a1b2", "h8g7", "b2a1", "g7h8"};
+  for (int i = 0; i < 1010; ++i) text += std::string(shuffle[i % 4]) + "\r\n";
+  WriteFileText(folder / "long.qvn", text);
+  auto g = testing::NewTestGame();
+  const LoadResult r = LoadGame(*g, folder / "long.qvn", LoadChosenFile);
+  EXPECT_TRUE(r.loaded) << r.message;
+  EXPECT_EQ(g->HalfMoveCount, 1000);
+  EXPECT_EQ(g->GameOver, 1) << "the repetition ended it long before";
+  ASSERT_TRUE(SaveGame(*g, folder / "again.qvn"));
+  EXPECT_EQ(testing::ReadFileText(folder / "again.qvn"), text.substr(0, text.size() - 10 * 6));
+}
+
 TEST(GameFile, AnIllegalMoveEndsTheLoadWithANewGameOfTheFilesRules) {
   TempFolder folder;
   auto source = GameOf("Italian Checkers");

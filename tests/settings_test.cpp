@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
+#include <csignal>
 #include <memory>
 #include <vector>
 
@@ -159,6 +162,20 @@ TEST(SafeWrite, AFailedRenameLeavesTheOldFileWholeAndNoTemporaryFile) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1) << "no temporary file is left";
 
   ASSERT_TRUE(WriteFileAtomically(file, "a new game"));
+  EXPECT_EQ(ReadFileText(file), "a new game");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+
+  // A full disk: the write itself fails.
+  rlimit old{};
+  getrlimit(RLIMIT_FSIZE, &old);
+  rlimit tiny = old;
+  tiny.rlim_cur = 4;
+  const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &tiny);
+  const FileWriteResult full = WriteFileAtomically(file, "a game too long for the disk");
+  setrlimit(RLIMIT_FSIZE, &old);
+  std::signal(SIGXFSZ, oldHandler);
+  EXPECT_FALSE(full.ok);
   EXPECT_EQ(ReadFileText(file), "a new game");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 
