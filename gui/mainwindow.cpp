@@ -27,6 +27,7 @@
 #include "gui/application.h"
 #include "gui/boardwidget.h"
 #include "gui/gamefiledialog.h"
+#include "gui/optionsdialog.h"
 #include "gui/pictureset.h"
 #include "gui/sound.h"
 #include "gui/toolicons.h"
@@ -35,6 +36,8 @@
 #include "interaction/filecommands.h"
 #include "interaction/engine_calls.h"
 #include "interaction/movelist.h"
+#include "interaction/optionsform.h"
+#include "interaction/skins.h"
 
 namespace qv::gui {
 
@@ -89,6 +92,8 @@ void MainWindow::BuildMenus() {
   AddCommand(gameMenu, Command::Open, "Open...")->setShortcut(QKeySequence::Open);
   AddCommand(gameMenu, Command::Save, "Save...")->setShortcut(QKeySequence::Save);
   gameMenu->addSeparator();
+  AddCommand(gameMenu, Command::Options, "Options...")->setShortcut(QKeySequence::Preferences);
+  gameMenu->addSeparator();
   AddCommand(gameMenu, Command::Exit, "Exit");
 
   QMenu* playMenu = menuBar()->addMenu("&Play");
@@ -122,7 +127,7 @@ void MainWindow::BuildMenus() {
     a->setChecked(game_->Settings.SkinName == name);
     pictureGroup->addAction(a);
     connect(a, &QAction::triggered, this, [this, name] {
-      SelectSkin(session_, name);
+      PictureSetCommand(session_, name);
       Sync();
     });
   }
@@ -161,6 +166,7 @@ void MainWindow::BuildMenus() {
   button(Command::ComputerComputer, "Computer-Computer");
   bar->addSeparator();
   button(Command::TurnBoard, "Turn Board");
+  button(Command::Options, "Options");
 }
 
 void MainWindow::BuildPanels() {
@@ -304,8 +310,8 @@ void MainWindow::Sync() {
   const Screen& sc = screen_;
   const BoardView& v = sc.View;
   setWindowTitle(Q(sc.Title));
-  if (shownSkin_ != game_->Settings.SkinKind) {
-    shownSkin_ = game_->Settings.SkinKind;
+  // A new picture set or skin may bring a board of another size.
+  if (board_->size() != board_->sizeHint()) {
     board_->updateGeometry();
     board_->setFixedSize(board_->sizeHint());
     // The window takes the size of the new board once the layout has settled.
@@ -398,7 +404,8 @@ void MainWindow::SetPointer(ImageRole icon) {
     board_->unsetCursor();
     return;
   }
-  const QPixmap pixmap = CarryPixmap(icon, devicePixelRatioF());
+  const QPixmap pixmap =
+      game_->Settings.SkinKind == 4 ? board_->Skin().Icon(icon, devicePixelRatioF()) : CarryPixmap(icon, devicePixelRatioF());
   board_->setCursor(QCursor(pixmap, 19, 19));
 }
 
@@ -503,6 +510,26 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   // The close box does not ask; Game > Exit asked before it closed the window.
   UnloadMainWindow(session_);
   event->accept();
+}
+
+}  // namespace qv::gui
+
+namespace qv::gui {
+
+bool MainWindow::LoadSkinPicture(ImageRole role, const std::filesystem::path& file) {
+  return board_->Skin().Load(role, file);
+}
+
+void MainWindow::ShowOptionsDialog() {
+  OptionsDialog dialog(*game_, playerRating_, this);
+  // Apply shows its effect at once, as OK does when the dialog has closed.
+  std::string shownSkin = game_->Settings.SkinName;
+  connect(&dialog, &OptionsDialog::Stored, this, [this, &shownSkin] {
+    ApplyOptions(session_, shownSkin);
+    shownSkin = game_->Settings.SkinName;
+    Sync();
+  });
+  dialog.exec();
 }
 
 }  // namespace qv::gui

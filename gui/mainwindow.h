@@ -56,6 +56,8 @@ class MainWindow : public QMainWindow, public WindowLayer {
   bool ShowVariantsDialog() override;
   std::filesystem::path ChooseGameFile(const std::string& title, const std::vector<std::string>& filters,
                                        bool save) override;
+  bool LoadSkinPicture(ImageRole role, const std::filesystem::path& file) override;
+  void ShowOptionsDialog() override;
 
   // A fatal error: stops the worker, shows the program's words in the box,
   // then closes the window by the normal way out and ends the program.
@@ -100,7 +102,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   bool closePending_ = false;
   bool ending_ = false;  // a fatal error is closing the window
   bool syncing_ = false;
-  int shownSkin_ = -1;
+  int playerRating_ = 1200;
 };
 
 }  // namespace qv::gui

@@ -159,6 +159,20 @@ QIcon CommandIcon(Command command) {
       p.setBrush(QColor(245, 242, 232));
       p.drawRect(QRectF(13, 25, 22, 15));
       break;
+    case Command::Options: {
+      // A cog wheel.
+      p.setPen(Qt::NoPen);
+      p.setBrush(QColor(90, 96, 104));
+      p.translate(24, 24);
+      for (int tooth = 0; tooth < 8; ++tooth) {
+        p.drawRoundedRect(QRectF(-4.5, -21, 9, 12), 2, 2);
+        p.rotate(45);
+      }
+      p.drawEllipse(QPointF(0, 0), 14, 14);
+      p.setBrush(QColor(235, 235, 235));
+      p.drawEllipse(QPointF(0, 0), 6, 6);
+      break;
+    }
     default: break;
   }
   return QIcon(pixmap);
