@@ -260,12 +260,15 @@ void MainWindow::BuildPanels() {
 
   statusPanel_ = new QLabel;
   strengthPanel_ = new QLabel;
+  openingPanel_ = new QLabel;
+  openingPanel_->setContentsMargins(12, 0, 12, 0);
   productPanel_ = new QLabel;
   progress_ = new QProgressBar;
   progress_->setMaximumWidth(160);
   progress_->setTextVisible(false);
   statusBar()->addWidget(statusPanel_, 1);
   statusBar()->addPermanentWidget(strengthPanel_);
+  statusBar()->addPermanentWidget(openingPanel_);
   statusBar()->addPermanentWidget(progress_);
   statusBar()->addPermanentWidget(productPanel_);
 
@@ -356,6 +359,7 @@ void MainWindow::Sync() {
 
   statusPanel_->setText(Q(sc.StatusText));
   strengthPanel_->setText(Q(sc.StrengthText));
+  openingPanel_->setText(Q(sc.OpeningNameShown));
   productPanel_->setText(Q(sc.ProductText));
   if (!progressTimer_->isActive()) {
     progress_->setMaximum(std::max(1, sc.ProgressMax));

@@ -94,6 +94,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   QPushButton* moveButton_ = nullptr;
   QLabel* statusPanel_ = nullptr;
   QLabel* strengthPanel_ = nullptr;
+  QLabel* openingPanel_ = nullptr;  // the opening the game is in
   QLabel* productPanel_ = nullptr;
   QProgressBar* progress_ = nullptr;
 
