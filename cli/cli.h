@@ -17,6 +17,8 @@ struct CliOptions {
   std::optional<unsigned long long> seed;
   std::optional<int> notation;  // 0 algebraic, 1 numeric
   std::optional<std::string> moves;
+  std::optional<std::string> load;  // a game file to start from
+  std::optional<std::string> save;  // play: where to write the game
   bool json = false;
   bool divide = false;
   bool general = false;
@@ -50,8 +52,13 @@ struct IllegalMove {
   std::string move;
 };
 
+// Thrown when --load cannot read its file: the words the window would show.
+struct LoadFailed {
+  std::string message;
+};
+
 // Builds the game the options describe: variant, set-up, side, seed, notation,
-// then plays the moves of --moves.
+// the game of --load, then plays the moves of --moves.
 void PrepareGame(CliContext& context);
 
 int RunShow(CliContext& context);

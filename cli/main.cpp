@@ -58,7 +58,7 @@ int main(int argc, char** argv) {
   auto game = std::make_unique<qv::Game>();
   // Without --variant the built-in American rules stand and no file is read.
   const std::filesystem::path dataFolder = qv::FindDataFolder(qv::ExecutableFolder(argv[0]));
-  if (options.variant) game->DataFolder = dataFolder;
+  if (options.variant || options.load) game->DataFolder = dataFolder;
   qv::cli::CliContext context{*game, options, std::cout, std::cerr};
   try {
     qv::cli::PrepareGame(context);
@@ -67,6 +67,9 @@ int main(int argc, char** argv) {
   } catch (const qv::cli::UsageError& e) {
     std::cerr << "quorvanis-cli: " << e.message << "\n" << qv::cli::UsageText();
     return 2;
+  } catch (const qv::cli::LoadFailed& e) {
+    std::cerr << e.message << "\n";
+    return 1;
   } catch (const qv::cli::IllegalMove& e) {
     std::cerr << e.move << ": Illegal move!\n";
     return 1;

@@ -35,6 +35,7 @@ std::string UsageText() {
          "  --seed N                seed the random generator so that a run can be repeated\n"
          "  --notation algebraic|numeric\n"
          "  --moves \"c3-d4 f6-e5\"   play these moves first (either notation, - or x)\n"
+         "  --load FILE             start from the game saved in FILE (.qvn)\n"
          "commands:\n"
          "  show                    print the position, its setup text and the rule set\n"
          "  moves [--json]          list the legal moves in generation order\n"
@@ -43,6 +44,7 @@ std::string UsageText() {
          "  play [--depth N | --time S] [--handicap H] [--max-moves N] [--no-book]\n"
          "                          the computer plays both sides to the end of the game\n"
          "                          (from the opening book while it knows the game)\n"
+         "       [--save FILE]      and writes the game to FILE (.qvn)\n"
          "  variants                list the classic and the user variants with their search flavour\n"
          "  analyze [--depth N | --time S] [--handicap H] [--json]\n"
          "                          the root moves of the position with their scores, best first, and the main line\n"
@@ -75,6 +77,8 @@ CliOptions ParseOptions(int argc, char** argv) {
       else if (text == "numeric") o.notation = 1;
       else throw UsageError{"unknown notation '" + text + "': use algebraic or numeric"};
     } else if (arg == "--moves") o.moves = NeedValue(i, argc, argv);
+    else if (arg == "--load") o.load = NeedValue(i, argc, argv);
+    else if (arg == "--save") o.save = NeedValue(i, argc, argv);
     else if (arg == "--json") o.json = true;
     else if (arg == "--divide") o.divide = true;
     else if (arg == "--general") o.general = true;

@@ -5,6 +5,7 @@
 #include "core/makemove.h"
 #include "core/movegen.h"
 #include "engine/driver.h"
+#include "files/gamefile.h"
 #include "files/book.h"
 
 namespace qv::cli {
@@ -66,6 +67,15 @@ int RunPlay(CliContext& context) {
   if (!opening.empty()) context.out << "Opening: " << opening << '\n';
   context.out << movetext << (g.GameResult.empty() ? "*" : g.GameResult) << '\n';
   if (!ui.result.empty()) context.out << ui.result << '\n';
+  // A game that the given or loaded moves ended says how it ended.
+  else if (g.GameOver == 1 && !g.GameNote.empty()) context.out << g.GameNote << '\n';
+  if (o.save) {
+    const FileWriteResult written = SaveGame(g, *o.save);
+    if (!written) {
+      context.err << written.error << '\n';
+      return 1;
+    }
+  }
   return 0;
 }
 

@@ -3,10 +3,11 @@
 #include "cli/cli.h"
 #include <sstream>
 
-#include "core/gameend.h"
 #include "core/makemove.h"
 #include "core/newgame.h"
+#include "core/replay.h"
 #include "core/text.h"
+#include "files/gamefile.h"
 
 namespace qv::cli {
 
@@ -27,17 +28,19 @@ void PrepareGame(CliContext& context) {
     AdoptBoardPosition(g);
   }
   if (o.notation && g.RuleSet.PiecesOnBlack != 2) g.Settings.NotationKind = *o.notation;
+  if (o.load) {
+    const LoadResult loaded = LoadGame(g, *o.load, LoadChosenFile);
+    if (!loaded.loaded) throw LoadFailed{loaded.message.empty() ? *o.load + ": not a readable game file" : loaded.message};
+  }
   if (o.moves) {
     std::istringstream words(*o.moves);
     std::string word;
     while (words >> word) {
       // Move numbers such as "1." may stand between the moves.
       if (word.back() == '.') continue;
-      if (FindMove(g, ParseMoveText(ToUpper(word), g.CaptureChar)) == 0) throw IllegalMove{word};
-      // Into the game record too, where the opening book reads the game.
-      EnterMoveInRecord(g, g.LastMoveIndex, g.PlyBase[1] - g.PlyBase[0]);
+      // Each enters the record as a played move: repetitions and the move limit count it.
+      if (PlayRecordedMove(g, word) != ReplayStatus::Played) throw IllegalMove{word};
     }
-    CommitRootPly(g);
   }
 }
 

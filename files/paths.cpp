@@ -40,6 +40,13 @@ fs::path FindWritableFolder(const fs::path& executableFolder) {
   return folder;
 }
 
+fs::path TemporaryFilePath() {
+  std::error_code ec;
+  fs::path folder = fs::temp_directory_path(ec);
+  if (ec) folder = "/tmp";
+  return folder / "quorvanis.tmp";
+}
+
 fs::path ExecutableFolder(const char* argv0) {
   std::error_code ec;
   fs::path self = fs::read_symlink("/proc/self/exe", ec);

@@ -15,6 +15,14 @@ std::filesystem::path FindDataFolder(const std::filesystem::path& executableFold
 // ($XDG_DATA_HOME/quorvanis or ~/.local/share/quorvanis), created on demand.
 std::filesystem::path FindWritableFolder(const std::filesystem::path& executableFolder);
 
+// The files the program writes into that folder.
+inline constexpr const char* SettingsFileName = "quorvanis.ini";
+inline constexpr const char* AutosaveFileName = "quorvanis.sav";
+inline constexpr const char* DoMovesFileName = "domoves.qvn";
+
+// The scratch file of the PDN reader and writer, in the system's temporary folder.
+std::filesystem::path TemporaryFilePath();
+
 // The folder of the running executable, from /proc/self/exe or argv[0].
 std::filesystem::path ExecutableFolder(const char* argv0);
 

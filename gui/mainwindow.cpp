@@ -26,6 +26,7 @@
 #include "core/fatal.h"
 #include "gui/application.h"
 #include "gui/boardwidget.h"
+#include "gui/gamefiledialog.h"
 #include "gui/optionsdialog.h"
 #include "gui/pictureset.h"
 #include "gui/plyvaluewindow.h"
@@ -34,6 +35,7 @@
 #include "gui/variantsdialog.h"
 #include "interaction/analysis_commands.h"
 #include "interaction/commands.h"
+#include "interaction/filecommands.h"
 #include "interaction/engine_calls.h"
 #include "interaction/movelist.h"
 #include "interaction/optionsform.h"
@@ -89,9 +91,13 @@ QAction* MainWindow::AddCommand(QMenu* menu, Command c, const QString& text, con
   action->setToolTip(text + " (" + keys.toString(QKeySequence::NativeText) + ")");
   addAction(action);
   connect(action, &QAction::triggered, this, [this, c] {
-    if (c == Command::Exit) close();
-    else if (c == Command::PlyValueTable) ShowPlyValueTable();
-    else RunCommand(session_, c);
+    if (c == Command::Exit) {
+      if (ExitCommand(session_)) close();
+    } else if (c == Command::PlyValueTable) {
+      ShowPlyValueTable();
+    } else {
+      RunCommand(session_, c);
+    }
     Sync();
   });
   menu->addAction(action);
@@ -103,6 +109,9 @@ void MainWindow::BuildMenus() {
   QMenu* gameMenu = menuBar()->addMenu("&Game");
   AddCommand(gameMenu, Command::NewGame, "New Game", QKeySequence(Qt::CTRL | Qt::Key_N));
   AddCommand(gameMenu, Command::NewVariant, "New Variant...", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N));
+  gameMenu->addSeparator();
+  AddCommand(gameMenu, Command::Open, "Open...", QKeySequence(QKeySequence::Open));
+  AddCommand(gameMenu, Command::Save, "Save...", QKeySequence(QKeySequence::Save));
   gameMenu->addSeparator();
   AddCommand(gameMenu, Command::Options, "Options...", QKeySequence(Qt::CTRL | Qt::Key_Comma));
   gameMenu->addSeparator();
@@ -164,6 +173,8 @@ void MainWindow::BuildMenus() {
     bar->addAction(a);
   };
   button(Command::NewGame);
+  button(Command::Open);
+  button(Command::Save);
   bar->addSeparator();
   button(Command::Compute);
   button(Command::Cancel);
@@ -539,6 +550,11 @@ void MainWindow::EndAfterFatal(const std::string& text) {
 
 bool MainWindow::ShowVariantsDialog() { return gui::ShowVariantsDialog(this, *game_); }
 
+std::filesystem::path MainWindow::ChooseGameFile(const std::string& title, const std::vector<std::string>& filters,
+                                                 bool save) {
+  return RunGameFileDialog(this, title, filters, save);
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (worker_.Busy() && !ending_) {
     // Stop the search first; the window closes when its move has been applied.
@@ -547,10 +563,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
-  if (!closePending_ && !ending_ && !ConfirmClose(session_)) {
-    event->ignore();
-    return;
-  }
+  // The close box does not ask; Game > Exit asked before it closed the window.
   UnloadMainWindow(session_);
   event->accept();
 }

@@ -59,6 +59,8 @@ class MainWindow : public QMainWindow, public WindowLayer {
   // "Show Ply Value Table": frmPV, searching the table of the position.
   void ShowPlyValueTable();
   PlyValueWindow* plyValueWindow() { return plyValue_; }
+  std::filesystem::path ChooseGameFile(const std::string& title, const std::vector<std::string>& filters,
+                                       bool save) override;
   bool LoadSkinPicture(ImageRole role, const std::filesystem::path& file) override;
   void ShowOptionsDialog() override;
 

@@ -151,6 +151,33 @@ QIcon CommandIcon(Command command) {
       p.setPen(QPen(QColor(40, 40, 40), 6, Qt::SolidLine, Qt::RoundCap));
       p.drawLine(QPointF(30, 30), QPointF(42, 42));
       break;
+    case Command::Open: {
+      // A folder.
+      p.setPen(QPen(QColor(40, 40, 40), 2));
+      p.setBrush(QColor(230, 190, 90));
+      QPainterPath folder;
+      folder.moveTo(6, 12);
+      folder.lineTo(18, 12);
+      folder.lineTo(22, 16);
+      folder.lineTo(42, 16);
+      folder.lineTo(42, 38);
+      folder.lineTo(6, 38);
+      folder.closeSubpath();
+      p.drawPath(folder);
+      p.setBrush(QColor(245, 215, 120));
+      p.drawRect(QRectF(6, 21, 36, 17));
+      break;
+    }
+    case Command::Save:
+      // A disk.
+      p.setPen(QPen(QColor(40, 40, 40), 2));
+      p.setBrush(QColor(40, 90, 160));
+      p.drawRoundedRect(QRectF(8, 8, 32, 32), 3, 3);
+      p.setBrush(QColor(235, 235, 235));
+      p.drawRect(QRectF(14, 8, 20, 11));
+      p.setBrush(QColor(245, 242, 232));
+      p.drawRect(QRectF(13, 25, 22, 15));
+      break;
     case Command::Options: {
       // A cog wheel.
       p.setPen(Qt::NoPen);

@@ -7,8 +7,10 @@
 #include "core/newgame.h"
 #include "core/text.h"
 #include "interaction/analysis_commands.h"
+#include "files/settings.h"
 #include "interaction/boardview.h"
 #include "interaction/engine_calls.h"
+#include "interaction/filecommands.h"
 #include "interaction/mouse_entry.h"
 #include "interaction/movelist.h"
 #include "interaction/optionsform.h"
@@ -23,6 +25,13 @@ void EnableCommand(Session& s, Command c, int enabled) { s.screen[c].Enabled = e
 
 void CheckCommand(Session& s, Command c, int checked) { s.screen[c].Checked = checked; }
 
+void CheckNotation(Session& s) {
+  const int kind = s.game.Settings.NotationKind;
+  CheckCommand(s, Command::NotationAlgebraic, kind == 0);
+  CheckCommand(s, Command::NotationNumeric, kind == 1);
+  CheckCommand(s, Command::NotationNone, kind == 2);
+}
+
 bool CommandAvailable(const Screen& sc, Command c) {
   if (sc[c].Enabled == 0) return false;
   return sc.Busy == 0 || c == Command::Cancel || c == Command::Exit;
@@ -33,6 +42,8 @@ void RunCommand(Session& s, Command c) {
   switch (c) {
     case Command::NewGame: return NewGameCommand(s, 0);
     case Command::NewVariant: return NewGameCommand(s, 1);
+    case Command::Open: return OpenCommand(s);
+    case Command::Save: return SaveCommand(s);
     case Command::Compute: return StartComputerMove(s);
     case Command::Cancel: return CancelCommand(s);
     case Command::First: return FirstCommand(s);
@@ -71,13 +82,6 @@ void CheckPlayMode(Session& s) {
   CheckCommand(s, Command::PlayerComputer, mode == 0);
   CheckCommand(s, Command::PlayerPlayer, mode == 1);
   CheckCommand(s, Command::ComputerComputer, mode == 2);
-}
-
-void CheckNotation(Session& s) {
-  const int kind = s.game.Settings.NotationKind;
-  CheckCommand(s, Command::NotationAlgebraic, kind == 0);
-  CheckCommand(s, Command::NotationNumeric, kind == 1);
-  CheckCommand(s, Command::NotationNone, kind == 2);
 }
 
 }  // namespace
@@ -189,6 +193,7 @@ void ShowNewGame(Session& s) {
   sc.StatusText = g.SideToMove == 1 ? "White moves" : "Black moves";
   sc.Label9 = "no calculation";
   sc.Text1.clear();
+  sc.Title = "Quorvanis 1.58";
   for (Command c : {Command::Analyze, Command::Compute, Command::ComputerComputer, Command::List2})
     EnableCommand(s, c, 1);
   for (Command c : {Command::Back, Command::First, Command::Forward, Command::Last}) EnableCommand(s, c, 0);
@@ -210,10 +215,9 @@ void StartUp(Session& s) {
   g.CustomPosition = 0;
   g.TouchedCell = 0;
   g.LazyMargin = 150;
-  // No settings file is read yet: the first-run defaults stand.
   BuildDirTable(g);
-  if (g.Settings.DepthLimit == 0) g.Settings.DepthLimit = 2;
-  if (g.Settings.PlayMode == 2) g.Settings.PlayMode = 0;
+  ReadStartSettings(s);
+  SettleStoredModes(g.Settings);
   CheckPlayMode(s);
   CheckNotation(s);
   CheckCommand(s, Command::Calculation, g.Settings.ShowCalculation);
@@ -228,6 +232,7 @@ void StartUp(Session& s) {
   RefreshBoard(s, 0);
   sc.StrengthText = StrengthCaption(g.Settings);
   RemoveMenIfAsked(s);
+  OpenStartGame(s);
   s.window.Changed(Part::All);
 }
 
@@ -257,6 +262,7 @@ void NewGameCommand(Session& s, int askRules) {
   sc.List3.clear();
   RefreshBoard(s, 0);
   if (askRules == 0) RemoveMenIfAsked(s);
+  DoMovesIfAsked(s);
   if (g.Settings.UseSound == 1) s.window.PlaySound(g.DataFolder / "sounds" / "roll.wav");
   s.window.Changed(Part::All);
 }
@@ -430,13 +436,6 @@ void PictureSetCommand(Session& s, const std::string& name) {
   if (CommandAvailable(s.screen, Command::BoardMenu)) SelectSkin(s, name);
 }
 
-bool ConfirmClose(Session& s) {
-  if (s.game.Settings.ConfirmExit != 1) return true;
-  return s.window.AskYesNo("Are you sure you want to exit?", "Confirmation");
-}
-
-void UnloadMainWindow(Session&) {
-  // Nothing is kept at exit yet.
-}
+void UnloadMainWindow(Session& s) { SaveOnExit(s); }
 
 }  // namespace qv

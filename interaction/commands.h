@@ -6,6 +6,8 @@ namespace qv {
 
 void EnableCommand(Session& s, Command c, int enabled);
 void CheckCommand(Session& s, Command c, int checked);
+// The Notation menu shows the notation in force.
+void CheckNotation(Session& s);
 
 // Whether a command can run now: it is enabled and, while the computer thinks
 // (Busy), it is Cancel or Exit. This is the one gate that keeps every other
@@ -64,8 +66,6 @@ void ToggleUseSound(Session& s);
 // menu is available.
 void PictureSetCommand(Session& s, const std::string& name);
 
-// The close box: true when the window may close.
-bool ConfirmClose(Session& s);
 // The program's one way out, after Exit, the close box or a fatal error: the
 // main window runs it as it closes, once no engine job is left running. What
 // must be kept at exit (settings, the autosave) is written here.

@@ -6,6 +6,7 @@
 // implements it; the tests implement it with a recorder.
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "interaction/engine_worker.h"
 #include "interaction/screen.h"
@@ -51,6 +52,12 @@ class WindowLayer {
   // The rules dialog of "New Variant..."; it may change RuleSet. Windows
   // without it leave the rules as they are.
   virtual bool ShowVariantsDialog() { return false; }
+  // The Load Game and Save Game dialogs: the title, the file kinds in the
+  // order shown, the folder to start in. An empty path when cancelled.
+  virtual std::filesystem::path ChooseGameFile(const std::string& /*title*/, const std::vector<std::string>& /*filters*/,
+                                               bool /*save*/) {
+    return {};
+  }
   // Loads a skin's picture into the role's slot of the skin's picture set;
   // false when the file is missing or is not a picture.
   virtual bool LoadSkinPicture(ImageRole /*role*/, const std::filesystem::path& /*file*/) { return false; }
