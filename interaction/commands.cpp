@@ -13,6 +13,7 @@
 #include "interaction/navigation.h"
 #include "interaction/newvariant.h"
 #include "interaction/record.h"
+#include "interaction/user_commands.h"
 
 namespace qv {
 
@@ -144,7 +145,7 @@ void ShowNewGame(Session& s) {
 void StartUp(Session& s) {
   Game& g = s.game;
   Screen& sc = s.screen;
-  // The rating file is not kept yet: every start is at the first-run rating.
+  if (s.files) OpenUserFiles(*s.files, g);
   g.CustomPosition = 0;
   g.TouchedCell = 0;
   g.LazyMargin = 150;
@@ -267,7 +268,8 @@ void DrawOffer(Session& s) {
     s.window.ShowMessage("Offer rejected... Play on!", "Draw Offer", BoxIcon::Exclamation);
     return;
   }
-  s.window.ShowMessage("OK... It's a draw!", "Congratulations", BoxIcon::None);
+  const std::string rating = RateGameEnd(s, 0.5);
+  s.window.ShowMessage("OK... It's a draw!" + rating, "Congratulations", BoxIcon::None);
   EndGameByAgreement(s);
   g.GameOver = 1;
   s.screen.StatusText = "It's a draw!";
@@ -277,7 +279,8 @@ void DrawOffer(Session& s) {
 
 void ResignGame(Session& s) {
   Game& g = s.game;
-  s.window.ShowMessage("OK... Computer wins!", "Congratulations", BoxIcon::None);
+  const std::string rating = RateGameEnd(s, 0.0);
+  s.window.ShowMessage("OK... Computer wins!" + rating, "Congratulations", BoxIcon::None);
   g.GameOver = 1;
   EndGameByResignation(s);
   s.screen.StatusText = "Computer wins!";

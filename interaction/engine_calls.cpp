@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <thread>
+#include <utility>
 
 #include "core/gameend.h"
 #include "core/makemove.h"
@@ -10,6 +11,7 @@
 #include "engine/search.h"
 #include "interaction/boardview.h"
 #include "interaction/movelist.h"
+#include "interaction/user_commands.h"
 
 namespace qv {
 
@@ -35,12 +37,17 @@ class WindowDriverUi : public DriverUi {
   void SetStrengthLabel(const std::string& text) override { s_.screen.StrengthText = text; }
   void ShowMessage(const std::string& caption, const std::string& text) override {
     s_.window.Changed(Part::Board | Part::Status | Part::Lists);
-    s_.window.ShowMessage(text, caption, caption == "Error" ? BoxIcon::Warning : BoxIcon::Information);
+    // The box of a game's end carries what the game did to the rating.
+    std::string shown = text;
+    if (caption == "Congratulations") shown += std::exchange(ratingNote_, std::string());
+    s_.window.ShowMessage(shown, caption, caption == "Error" ? BoxIcon::Warning : BoxIcon::Information);
   }
   bool AskYesNo(const std::string& caption, const std::string& text) override { return s_.window.AskYesNo(text, caption); }
+  void GameEnded(double playerScore) override { ratingNote_ = RateGameEnd(s_, playerScore); }
 
  private:
   Session& s_;
+  std::string ratingNote_;
 };
 
 // The engine's words while it thinks on the worker thread: kept for the
@@ -74,6 +81,8 @@ class DeferredDriverUi : public DriverUi {
     words.question = text;
     return false;
   }
+  // The rating moves on the window thread, once the move stands in the lists.
+  void GameEnded(double playerScore) override { words.playerScore = playerScore; }
 
   TurnWords words;
 
@@ -126,7 +135,12 @@ void RunComputerJob(Game& g, TurnReason reason, double pause,
   do {
     if (g.GameOver == 1) break;
     DeferredDriverUi ui(g, live, pause > 0);
-    if (!ComputerMove(g, ui).moved) break;
+    const TurnReport report = ComputerMove(g, ui);
+    if (!report.moved) break;
+    ui.words.score = report.score;
+    ui.words.depth = report.depth;
+    ui.words.mainLine = report.mainLine;
+    ui.words.iterationLog = report.iterationLog;
     if (moveEntered) moveEntered(ui.words);
     // A Cancel during the search leaves SearchCancelled set: the move found
     // so far is played and the loop ends. A Cancel during the pause leaves
@@ -145,14 +159,21 @@ void EnterComputerMove(Session& s, const TurnWords& words) {
   const MoveRecord& move = g.Record.GameMoves[n];
   const std::string moveText = MoveTextOf(move.FromSquare, move.ToSquare, g.Settings.NotationKind);
   if (static_cast<int>(s.screen.List1.size()) > n - 1) s.screen.List1.resize(n - 1);
-  WriteMoveToList(s, moveText, DisplayText(g, moveText), MoverComputer);
+  const std::string row = WriteMoveToList(s, moveText, DisplayText(g, moveText), MoverComputer);
+  LogLine(s, ComputerLogLine(row, words.score, words.depth, words.mainLine));
+  LogLine(s, words.iterationLog);
   s.screen.List1Selected = n - 1;
   RefreshBoard(s, 0);
   // What the engine said while it thought, now that the move stands.
   if (!words.calculation.empty()) s.screen.Label9 = words.calculation;
   s.screen.StatusText = words.status;
   s.window.Changed(Part::Board | Part::Lists | Part::Status | Part::Texts);
-  if (!words.boxText.empty()) s.window.ShowMessage(words.boxText, words.boxCaption, BoxIcon::Information);
+  std::string rating;
+  if (words.playerScore >= 0) rating = RateGameEnd(s, words.playerScore);
+  if (!words.boxText.empty()) {
+    const std::string note = words.boxCaption == "Congratulations" ? rating : std::string();
+    s.window.ShowMessage(words.boxText + note, words.boxCaption, BoxIcon::Information);
+  }
   // The computer's draw offer; accepted, the game ends here and the commands
   // follow when the turn is over.
   WindowDriverUi ui(s);

@@ -72,6 +72,11 @@ struct TurnWords {
   std::string status, calculation;
   std::string boxCaption, boxText;
   std::string questionCaption, question;
+  // The game ended with this score for the player (1 won, 0.5 drawn, 0 lost); -1 it goes on.
+  double playerScore = -1;
+  // For the game log: the move's score and depth, its main line, a line per iteration.
+  int score = 0, depth = 0;
+  std::string mainLine, iterationLog;
 };
 
 // Runs on the worker thread: the computer's move, or for Computer-Computer

@@ -8,6 +8,7 @@
 #include "interaction/boardview.h"
 #include "interaction/navigation.h"
 #include "interaction/record.h"
+#include "interaction/user_commands.h"
 
 namespace qv {
 
@@ -52,18 +53,22 @@ std::string GameListRow(int n, const std::string& display) {
   return std::string(number) + ". " + display;
 }
 
-void WriteMoveToList(Session& s, std::string_view moveText, const std::string& display, int moverCode) {
+std::string WriteMoveToList(Session& s, std::string_view moveText, const std::string& display, int moverCode) {
   Game& g = s.game;
   const int n = g.HalfMoveCount;
+  if (n == 1) LogGameHeader(s);
   const int pair = (n + 1) / 2;
   auto& row = g.MoveTextTable[pair];
   const bool first = n % 2 == 1;
   row[first ? FirstHalfText : SecondHalfText] = ToLower(moveText) + " " + display;
   row[first ? FirstMoverCode : SecondMoverCode] = std::to_string(moverCode);
+  // The strength the computer played at, as the status line shows it; the rating averages it.
+  if (moverCode == MoverComputer) row[MoveLevel] = std::to_string(10 - g.Settings.StrengthHandicap);
   const std::string listRow = GameListRow(n, display);
   s.screen.List1.push_back(listRow);
   s.screen.Text1.clear();
   s.window.Changed(Part::Lists | Part::Texts);
+  return listRow;
 }
 
 void RefreshMoveChoices(Session& s) {

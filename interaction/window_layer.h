@@ -46,6 +46,12 @@ class WindowLayer {
   // The rules dialog of "New Variant..."; it may change RuleSet. Windows
   // without it leave the rules as they are.
   virtual bool ShowVariantsDialog() { return false; }
+  // Hands a link or address to the system's browser or mail program. A link
+  // that cannot be opened is not reported.
+  virtual void OpenLink(const std::string& /*link*/) {}
+  // The modal windows of the Help menu.
+  virtual void ShowRulesWindow() {}
+  virtual void ShowAboutWindow() {}
 };
 
 }  // namespace qv
