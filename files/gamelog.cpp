@@ -26,6 +26,8 @@ std::string LogStartLine(const std::tm& when) {
 }
 
 bool OpenGameLog(GameLog& log, const std::filesystem::path& file, const std::tm& when) {
+  CloseGameLog(log);
+  log.File.clear();
   log.File.open(file, std::ios::app);
   if (!log.File) {
     log.File.close();
