@@ -27,13 +27,17 @@
 #include "core/fatal.h"
 #include "gui/application.h"
 #include "gui/boardwidget.h"
+#include "gui/helpwindows.h"
+#include "gui/linklabel.h"
 #include "gui/pictureset.h"
 #include "gui/sound.h"
 #include "gui/toolicons.h"
 #include "gui/variantsdialog.h"
 #include "interaction/commands.h"
 #include "interaction/engine_calls.h"
+#include "interaction/help_windows.h"
 #include "interaction/movelist.h"
+#include "interaction/user_commands.h"
 
 namespace qv::gui {
 
@@ -49,8 +53,9 @@ QListWidget* MakeList(int width) {
 }
 }  // namespace
 
-MainWindow::MainWindow(std::unique_ptr<Game> game, QWidget* parent)
-    : QMainWindow(parent), game_(std::move(game)), session_{*game_, screen_, *this} {
+MainWindow::MainWindow(std::unique_ptr<Game> game, const std::filesystem::path& writableFolder, QWidget* parent)
+    : QMainWindow(parent), game_(std::move(game)), session_{*game_, screen_, *this, &files_} {
+  files_.Folder = writableFolder;
   sound_ = new SoundPlayer(this);
   screen_.TwipsPerPixel = logicalDpiX() >= 120 ? 12 : 15;
   progressTimer_ = new QTimer(this);
@@ -58,6 +63,7 @@ MainWindow::MainWindow(std::unique_ptr<Game> game, QWidget* parent)
   connect(progressTimer_, &QTimer::timeout, this, &MainWindow::ShowThinking);
   BuildPanels();
   BuildMenus();
+  BuildHelpMenu();
   StartUp(session_);
   Sync();
 }
@@ -493,7 +499,48 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
+  CloseUserFiles(files_, *game_);
   event->accept();
+}
+
+void MainWindow::BuildHelpMenu() {
+  Session& s = session_;
+  // Commands that read the game stay away from it while the computer thinks.
+  auto command = [this](const QString& text, std::function<void()> run) {
+    auto* action = new QAction(text, this);
+    connect(action, &QAction::triggered, this, [this, run] {
+      if (screen_.Busy == 1) return;
+      run();
+      Sync();
+    });
+    return action;
+  };
+  // Above "Exit" in the Game menu.
+  QAction* exit = actions_[Command::Exit];
+  QMenu* gameMenu = menuBar()->actions().first()->menu();
+  gameMenu->insertAction(exit, command("Create Diagram...", [&s] { CreateDiagramCommand(s); }));
+  gameMenu->insertAction(exit, command("Rating", [&s] { RatingCommand(s); }));
+  gameMenu->insertSeparator(exit);
+
+  QMenu* helpMenu = menuBar()->addMenu("&Help");
+  helpMenu->addAction(command("Quick Rules", [&s] { ShowRules(s, s.game.QuickHelpLink); }));
+  QAction* rules = command("Rules", [&s] { ShowRules(s, s.game.HelpLink); });
+  rules->setShortcut(QKeySequence::HelpContents);
+  helpMenu->addAction(rules);
+  helpMenu->addSeparator();
+  helpMenu->addAction(command("About", [&s] { ShowAbout(s); }));
+}
+
+void MainWindow::OpenLink(const std::string& link) { OpenAddress(link); }
+
+void MainWindow::ShowRulesWindow() {
+  RulesWindow frmRules(*game_, this);
+  frmRules.exec();
+}
+
+void MainWindow::ShowAboutWindow() {
+  AboutWindow frmAbout(this);
+  frmAbout.exec();
 }
 
 }  // namespace qv::gui

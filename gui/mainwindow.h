@@ -29,7 +29,10 @@ class SoundPlayer;
 class MainWindow : public QMainWindow, public WindowLayer {
   Q_OBJECT
  public:
-  explicit MainWindow(std::unique_ptr<Game> game, QWidget* parent = nullptr);
+  // `writableFolder` receives the rating, the game log and the diagram; empty:
+  // nothing is read or written there.
+  explicit MainWindow(std::unique_ptr<Game> game, const std::filesystem::path& writableFolder = {},
+                      QWidget* parent = nullptr);
   ~MainWindow() override;
 
   Game& game() { return *game_; }
@@ -54,12 +57,16 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void Changed(unsigned parts) override;
   void StartComputerTurn(TurnReason reason) override;
   bool ShowVariantsDialog() override;
+  void OpenLink(const std::string& link) override;
+  void ShowRulesWindow() override;
+  void ShowAboutWindow() override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void BuildMenus();
+  void BuildHelpMenu();
   void BuildPanels();
   QAction* AddCommand(QMenu* menu, Command c, const QString& text, std::function<void()> run, bool checkable = false);
   void Sync();
@@ -69,6 +76,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
 
   std::unique_ptr<Game> game_;
   Screen screen_;
+  UserFiles files_;
   Session session_;
   SoundPlayer* sound_ = nullptr;
   std::map<Command, QAction*> actions_;
