@@ -14,11 +14,6 @@ namespace qv {
 
 namespace {
 
-std::string ReadAll(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
 // One row of the diagram's table: the pictures named, then "<BR>".
 std::string Row(std::initializer_list<const char*> names) {
   std::string line;
@@ -96,13 +91,13 @@ TEST(Diagram, IsWrittenWithThePicturesItNeedsAndTheBoxSaysSo) {
   Game g;
   g.DataFolder = QUORVANIS_TEST_DATA;
   ASSERT_TRUE(WriteDiagram(g, "", folder.path(), g.DataFolder));
-  EXPECT_EQ(ReadAll(folder.path() / DiagramFileName), DiagramText(g, ""));
+  EXPECT_EQ(testing::ReadFileText(folder.path() / DiagramFileName), DiagramText(g, ""));
   for (const std::string& name : DiagramPictureNames())
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "pieces" / (name + ".bmp"))) << name;
   // A picture the user changed stays as it is.
   std::ofstream(folder.path() / "pieces" / "dsquare.bmp") << "mine";
   ASSERT_TRUE(WriteDiagram(g, "", folder.path(), g.DataFolder));
-  EXPECT_EQ(ReadAll(folder.path() / "pieces" / "dsquare.bmp"), "mine");
+  EXPECT_EQ(testing::ReadFileText(folder.path() / "pieces" / "dsquare.bmp"), "mine");
 }
 
 TEST(GameLog, StartLineHeaderAndRowsWithTheirNumbers) {
@@ -144,7 +139,7 @@ TEST_F(LoggedGameTest, EveryHalfMoveIsLoggedUnderTheGamesHeaderAndTheRatingIsKep
   ASSERT_EQ(game->HalfMoveCount, 2);
   ResignGame(session);
   CloseUserFiles(files, *game);
-  const std::string log = ReadAll(folder.path() / GameLogFileName);
+  const std::string log = testing::ReadFileText(folder.path() / GameLogFileName);
   std::vector<std::string> lines;
   for (std::size_t start = 0, end; (end = log.find('\n', start)) != std::string::npos; start = end + 1)
     lines.push_back(log.substr(start, end - start));

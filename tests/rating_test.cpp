@@ -15,11 +15,6 @@ namespace qv {
 
 namespace {
 
-std::string ReadAll(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
 // A game of `pairs` full moves whose rows name the two movers and the
 // computer's level; the position is the end of it.
 Game PlayedGame(const std::string& firstMover, const std::string& secondMover, int pairs, int level = 9) {
@@ -54,7 +49,7 @@ TEST(RatingFile, IsWrittenScrambledAndReadBackAndAMissingOneGivesTheFirstRating)
   const auto file = folder.path() / RatingFileName;
   EXPECT_EQ(ReadRating(file), FirstRating);
   ASSERT_TRUE(WriteRating(file, 1873));
-  EXPECT_EQ(ReadAll(file), "ZLRN\r\n");
+  EXPECT_EQ(testing::ReadFileText(file), "ZLRN\r\n");
   EXPECT_EQ(ReadRating(file), 1873);
   // A negative rating cannot be written: the old file stays.
   EXPECT_FALSE(WriteRating(file, -3));

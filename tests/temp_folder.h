@@ -1,6 +1,8 @@
 #pragma once
 // A fresh temporary folder for one test, removed with everything in it.
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <random>
 #include <string>
 #include <system_error>
@@ -25,5 +27,11 @@ class TempFolder {
  private:
   std::filesystem::path path_;
 };
+
+// The whole of a file, byte for byte; empty when it cannot be read.
+inline std::string ReadFileText(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
 
 }  // namespace qv::testing
