@@ -112,6 +112,9 @@ struct Game {
   // Where the read-only data (variants, books, skins, sounds) is found. Empty:
   // no variant file is read and the built-in American rules stand.
   std::filesystem::path DataFolder;
+  // Where the program writes its own files (settings, autosave, ...). Empty:
+  // nothing is read from or written to it, as in tests.
+  std::filesystem::path WritableFolder;
 
   // The position.
   BoardCells Board;

@@ -7,17 +7,17 @@
 namespace qv {
 
 void OpenUserFiles(UserFiles& files, Game& g) {
-  if (files.Folder.empty()) return;
-  g.Rating.PlayerRating = ReadRating(files.Folder / RatingFileName);
+  if (g.WritableFolder.empty()) return;
+  g.Rating.PlayerRating = ReadRating(g.WritableFolder / RatingFileName);
   const std::time_t now = std::time(nullptr);
   std::tm local{};
   localtime_r(&now, &local);
-  OpenGameLog(files.Log, files.Folder / GameLogFileName, local);
+  OpenGameLog(files.Log, g.WritableFolder / GameLogFileName, local);
 }
 
 void CloseUserFiles(UserFiles& files, const Game& g) {
-  if (files.Folder.empty()) return;
-  WriteRating(files.Folder / RatingFileName, g.Rating.PlayerRating);
+  if (g.WritableFolder.empty()) return;
+  WriteRating(g.WritableFolder / RatingFileName, g.Rating.PlayerRating);
   CloseGameLog(files.Log);
 }
 

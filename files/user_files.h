@@ -1,8 +1,7 @@
 #pragma once
 // The files the program keeps for its user while it runs: the rating, read at
 // start-up and written at exit, and the game log, open in between. They live
-// in the writable folder; with no folder set nothing is read or written.
-#include <filesystem>
+// in the game's WritableFolder; without one nothing is read or written.
 
 #include "core/game.h"
 #include "files/gamelog.h"
@@ -10,7 +9,6 @@
 namespace qv {
 
 struct UserFiles {
-  std::filesystem::path Folder;  // settings, rating, log and diagram go here
   GameLog Log;
 };
 

@@ -14,6 +14,7 @@ int main(int argc, char** argv) {
   auto game = std::make_unique<qv::Game>();
   const auto programFolder = qv::ExecutableFolder(argv[0]);
   game->DataFolder = qv::FindDataFolder(programFolder);
+  game->WritableFolder = qv::FindWritableFolder(programFolder);
   try {
     // --variants-dialog: the Variants dialog alone, as "New Variant..." opens
     // it; prints the variant label and the number of legal moves of the new game.
@@ -23,7 +24,7 @@ int main(int argc, char** argv) {
       std::printf("%s: %d legal moves\n", game->VariantLabel.c_str(), game->PlyBase[1] - game->PlyBase[0]);
       return accepted ? 0 : 2;
     }
-    qv::gui::MainWindow window(std::move(game), qv::FindWritableFolder(programFolder));
+    qv::gui::MainWindow window(std::move(game));
     window.show();
     return app.exec();
   } catch (const qv::FatalError& e) {

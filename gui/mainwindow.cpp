@@ -53,9 +53,8 @@ QListWidget* MakeList(int width) {
 }
 }  // namespace
 
-MainWindow::MainWindow(std::unique_ptr<Game> game, const std::filesystem::path& writableFolder, QWidget* parent)
+MainWindow::MainWindow(std::unique_ptr<Game> game, QWidget* parent)
     : QMainWindow(parent), game_(std::move(game)), session_{*game_, screen_, *this, &files_} {
-  files_.Folder = writableFolder;
   sound_ = new SoundPlayer(this);
   screen_.TwipsPerPixel = logicalDpiX() >= 120 ? 12 : 15;
   progressTimer_ = new QTimer(this);

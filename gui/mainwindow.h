@@ -29,10 +29,7 @@ class SoundPlayer;
 class MainWindow : public QMainWindow, public WindowLayer {
   Q_OBJECT
  public:
-  // `writableFolder` receives the rating, the game log and the diagram; empty:
-  // nothing is read or written there.
-  explicit MainWindow(std::unique_ptr<Game> game, const std::filesystem::path& writableFolder = {},
-                      QWidget* parent = nullptr);
+  explicit MainWindow(std::unique_ptr<Game> game, QWidget* parent = nullptr);
   ~MainWindow() override;
 
   Game& game() { return *game_; }

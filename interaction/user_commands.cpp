@@ -10,8 +10,8 @@ void RatingCommand(Session& s) {
 }
 
 void CreateDiagramCommand(Session& s) {
-  if (!s.files || s.files->Folder.empty()) return;
-  const std::filesystem::path folder = s.files->Folder;
+  const std::filesystem::path folder = s.game.WritableFolder;
+  if (folder.empty()) return;
   if (!WriteDiagram(s.game, s.screen.Text1, folder, s.game.DataFolder)) {
     s.window.ShowMessage("Could not write " + (folder / DiagramFileName).string(), "Error", BoxIcon::Warning);
     return;

@@ -119,7 +119,7 @@ namespace {
 class LoggedGameTest : public InteractionTest {
  protected:
   void SetUp() override {
-    files.Folder = folder.path();
+    game->WritableFolder = folder.path();
     session.files = &files;
     game->Settings.DepthMode = 1;
     InteractionTest::SetUp();
@@ -156,8 +156,8 @@ TEST_F(LoggedGameTest, EveryHalfMoveIsLoggedUnderTheGamesHeaderAndTheRatingIsKep
   EXPECT_EQ(lines[8].rfind(std::string(15, ' ') + "D: 1   B: ", 0), 0u) << lines[8];
   // The rating the resignation left is what the next start reads.
   UserFiles next;
-  next.Folder = folder.path();
   Game fresh;
+  fresh.WritableFolder = folder.path();
   OpenUserFiles(next, fresh);
   EXPECT_EQ(fresh.Rating.PlayerRating, game->Rating.PlayerRating);
   EXPECT_LT(fresh.Rating.PlayerRating, FirstRating);
