@@ -34,9 +34,7 @@
 #include "gui/variantsdialog.h"
 #include "interaction/commands.h"
 #include "interaction/engine_calls.h"
-#include "interaction/help_windows.h"
 #include "interaction/movelist.h"
-#include "interaction/user_commands.h"
 
 namespace qv::gui {
 
@@ -85,6 +83,9 @@ void MainWindow::BuildMenus() {
   QMenu* gameMenu = menuBar()->addMenu("&Game");
   AddCommand(gameMenu, Command::NewGame, "New Game")->setShortcut(QKeySequence::New);
   AddCommand(gameMenu, Command::NewVariant, "New Variant...");
+  gameMenu->addSeparator();
+  AddCommand(gameMenu, Command::CreateDiagram, "Create Diagram...");
+  AddCommand(gameMenu, Command::Rating, "Rating");
   gameMenu->addSeparator();
   AddCommand(gameMenu, Command::Exit, "Exit");
 
@@ -499,31 +500,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::BuildHelpMenu() {
-  Session& s = session_;
-  // Commands that read the game stay away from it while the computer thinks.
-  auto command = [this](const QString& text, std::function<void()> run) {
-    auto* action = new QAction(text, this);
-    connect(action, &QAction::triggered, this, [this, run] {
-      if (screen_.Busy == 1) return;
-      run();
-      Sync();
-    });
-    return action;
-  };
-  // Above "Exit" in the Game menu.
-  QAction* exit = actions_[Command::Exit];
-  QMenu* gameMenu = menuBar()->actions().first()->menu();
-  gameMenu->insertAction(exit, command("Create Diagram...", [&s] { CreateDiagramCommand(s); }));
-  gameMenu->insertAction(exit, command("Rating", [&s] { RatingCommand(s); }));
-  gameMenu->insertSeparator(exit);
-
   QMenu* helpMenu = menuBar()->addMenu("&Help");
-  helpMenu->addAction(command("Quick Rules", [&s] { ShowRules(s, s.game.QuickHelpLink); }));
-  QAction* rules = command("Rules", [&s] { ShowRules(s, s.game.HelpLink); });
-  rules->setShortcut(QKeySequence::HelpContents);
-  helpMenu->addAction(rules);
+  AddCommand(helpMenu, Command::QuickRules, "Quick Rules");
+  AddCommand(helpMenu, Command::Rules, "Rules")->setShortcut(QKeySequence::HelpContents);
   helpMenu->addSeparator();
-  helpMenu->addAction(command("About", [&s] { ShowAbout(s); }));
+  AddCommand(helpMenu, Command::About, "About");
 }
 
 void MainWindow::OpenLink(const std::string& link) { OpenAddress(link); }

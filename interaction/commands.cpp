@@ -8,6 +8,7 @@
 #include "core/text.h"
 #include "interaction/boardview.h"
 #include "interaction/engine_calls.h"
+#include "interaction/help_windows.h"
 #include "interaction/mouse_entry.h"
 #include "interaction/movelist.h"
 #include "interaction/navigation.h"
@@ -48,6 +49,11 @@ void RunCommand(Session& s, Command c) {
     case Command::NotationNumeric: return SetNotation(s, 1);
     case Command::Calculation: return ToggleCalculation(s);
     case Command::UseSound: return ToggleUseSound(s);
+    case Command::CreateDiagram: return CreateDiagramCommand(s);
+    case Command::Rating: return RatingCommand(s);
+    case Command::QuickRules: return ShowRules(s, s.game.QuickHelpLink);
+    case Command::Rules: return ShowRules(s, s.game.HelpLink);
+    case Command::About: return ShowAbout(s);
     default: return;  // not a menu command, or not built yet
   }
 }

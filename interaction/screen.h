@@ -89,6 +89,11 @@ enum class Command {
   List2,
   List3,
   Text2,
+  CreateDiagram,
+  Rating,
+  QuickRules,
+  Rules,
+  About,
   Count
 };
 

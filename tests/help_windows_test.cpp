@@ -31,12 +31,12 @@ TEST_F(InteractionTest, RulesGoToTheBrowserOnlyWithALinkAndEveryHelpWindowRedraw
   game->HelpLink = "https://en.wikipedia.org/wiki/English_draughts";
   game->QuickHelpLink.clear();
   screen.Carry.HighlightDrawn = 1;
-  ShowRules(session, game->HelpLink);
+  RunCommand(session, Command::Rules);
   EXPECT_EQ(window.links, std::vector<std::string>{"https://en.wikipedia.org/wiki/English_draughts"});
   EXPECT_EQ(screen.Carry.HighlightDrawn, 0);
   // Quick Rules looks at its own link only.
-  ShowRules(session, game->QuickHelpLink);
-  ShowAbout(session);
+  RunCommand(session, Command::QuickRules);
+  RunCommand(session, Command::About);
   EXPECT_EQ(window.windows, (std::vector<std::string>{"Rules", "About"}));
   EXPECT_EQ(window.links.size(), 1u);
   EXPECT_EQ(About().version, "Version 1.58");

@@ -184,7 +184,7 @@ TEST_F(RatedGameTest, BeatingTheComputerRaisesTheRatingAndTheBoxSaysSo) {
   EXPECT_EQ(window.messages.back(),
             "Congratulations: Black wins!  Great game\r\n\r\nYour previous rating was 1200\r\n"
             "The computers' rating in this game was 1600\r\n\r\nYour new rating is 1227");
-  RatingCommand(session);
+  RunCommand(session, Command::Rating);
   EXPECT_EQ(window.messages.back(), "Rating: Your currrent rating is 1227");
 }
 
