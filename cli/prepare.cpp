@@ -3,6 +3,7 @@
 #include "cli/cli.h"
 #include <sstream>
 
+#include "core/gameend.h"
 #include "core/makemove.h"
 #include "core/newgame.h"
 #include "core/text.h"
@@ -33,6 +34,8 @@ void PrepareGame(CliContext& context) {
       // Move numbers such as "1." may stand between the moves.
       if (word.back() == '.') continue;
       if (FindMove(g, ParseMoveText(ToUpper(word), g.CaptureChar)) == 0) throw IllegalMove{word};
+      // Into the game record too, where the opening book reads the game.
+      EnterMoveInRecord(g, g.LastMoveIndex, g.PlyBase[1] - g.PlyBase[0]);
     }
     CommitRootPly(g);
   }

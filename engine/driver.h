@@ -25,6 +25,7 @@ struct TurnReport {
   std::vector<RootScore> rootScores;
   std::string iterationLog;  // a line per finished iteration, for the game log
   bool drawOffered = false;  // the computer asked "How about a draw?"
+  bool fromBook = false;     // the move came from the opening book
 };
 
 // NoiseRange from StrengthHandicap: 70 a step above the first, 5 at 1, none at 0.
@@ -65,6 +66,7 @@ struct TurnDecision {
   std::string iterationLog;
   std::string strengthLabel;
   std::string calculation;  // the final calculation text; empty without ShowCalculation
+  bool fromBook = false;    // the move came from the opening book
   CarriedEngineState engine;
 };
 

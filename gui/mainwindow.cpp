@@ -28,6 +28,7 @@
 #include "gui/boardwidget.h"
 #include "gui/helpwindows.h"
 #include "gui/linklabel.h"
+#include "gui/optionsdialog.h"
 #include "gui/pictureset.h"
 #include "gui/sound.h"
 #include "gui/toolicons.h"
@@ -35,6 +36,8 @@
 #include "interaction/commands.h"
 #include "interaction/engine_calls.h"
 #include "interaction/movelist.h"
+#include "interaction/optionsform.h"
+#include "interaction/skins.h"
 
 namespace qv::gui {
 
@@ -86,6 +89,7 @@ void MainWindow::BuildMenus() {
   gameMenu->addSeparator();
   AddCommand(gameMenu, Command::CreateDiagram, "Create Diagram...");
   AddCommand(gameMenu, Command::Rating, "Rating");
+  AddCommand(gameMenu, Command::Options, "Options...")->setShortcut(QKeySequence::Preferences);
   gameMenu->addSeparator();
   AddCommand(gameMenu, Command::Exit, "Exit");
 
@@ -120,7 +124,7 @@ void MainWindow::BuildMenus() {
     a->setChecked(game_->Settings.SkinName == name);
     pictureGroup->addAction(a);
     connect(a, &QAction::triggered, this, [this, name] {
-      SelectSkin(session_, name);
+      PictureSetCommand(session_, name);
       Sync();
     });
   }
@@ -157,6 +161,7 @@ void MainWindow::BuildMenus() {
   button(Command::ComputerComputer, "Computer-Computer");
   bar->addSeparator();
   button(Command::TurnBoard, "Turn Board");
+  button(Command::Options, "Options");
 }
 
 void MainWindow::BuildPanels() {
@@ -250,12 +255,15 @@ void MainWindow::BuildPanels() {
 
   statusPanel_ = new QLabel;
   strengthPanel_ = new QLabel;
+  openingPanel_ = new QLabel;
+  openingPanel_->setContentsMargins(12, 0, 12, 0);
   productPanel_ = new QLabel;
   progress_ = new QProgressBar;
   progress_->setMaximumWidth(160);
   progress_->setTextVisible(false);
   statusBar()->addWidget(statusPanel_, 1);
   statusBar()->addPermanentWidget(strengthPanel_);
+  statusBar()->addPermanentWidget(openingPanel_);
   statusBar()->addPermanentWidget(progress_);
   statusBar()->addPermanentWidget(productPanel_);
 
@@ -300,8 +308,8 @@ void MainWindow::Sync() {
   const Screen& sc = screen_;
   const BoardView& v = sc.View;
   setWindowTitle(Q(sc.Title));
-  if (shownSkin_ != game_->Settings.SkinKind) {
-    shownSkin_ = game_->Settings.SkinKind;
+  // A new picture set or skin may bring a board of another size.
+  if (board_->size() != board_->sizeHint()) {
     board_->updateGeometry();
     board_->setFixedSize(board_->sizeHint());
     // The window takes the size of the new board once the layout has settled.
@@ -346,6 +354,7 @@ void MainWindow::Sync() {
 
   statusPanel_->setText(Q(sc.StatusText));
   strengthPanel_->setText(Q(sc.StrengthText));
+  openingPanel_->setText(Q(sc.OpeningNameShown));
   productPanel_->setText(Q(sc.ProductText));
   if (!progressTimer_->isActive()) {
     progress_->setMaximum(std::max(1, sc.ProgressMax));
@@ -394,7 +403,8 @@ void MainWindow::SetPointer(ImageRole icon) {
     board_->unsetCursor();
     return;
   }
-  const QPixmap pixmap = CarryPixmap(icon, devicePixelRatioF());
+  const QPixmap pixmap =
+      game_->Settings.SkinKind == 4 ? board_->Skin().Icon(icon, devicePixelRatioF()) : CarryPixmap(icon, devicePixelRatioF());
   board_->setCursor(QCursor(pixmap, 19, 19));
 }
 
@@ -517,6 +527,26 @@ void MainWindow::ShowRulesWindow() {
 void MainWindow::ShowAboutWindow() {
   AboutWindow frmAbout(this);
   frmAbout.exec();
+}
+
+}  // namespace qv::gui
+
+namespace qv::gui {
+
+bool MainWindow::LoadSkinPicture(ImageRole role, const std::filesystem::path& file) {
+  return board_->Skin().Load(role, file);
+}
+
+void MainWindow::ShowOptionsDialog() {
+  OptionsDialog dialog(*game_, game_->Rating.PlayerRating, this);
+  // Apply shows its effect at once, as OK does when the dialog has closed.
+  std::string shownSkin = game_->Settings.SkinName;
+  connect(&dialog, &OptionsDialog::Stored, this, [this, &shownSkin] {
+    ApplyOptions(session_, shownSkin);
+    shownSkin = game_->Settings.SkinName;
+    Sync();
+  });
+  dialog.exec();
 }
 
 }  // namespace qv::gui

@@ -57,6 +57,8 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void OpenLink(const std::string& link) override;
   void ShowRulesWindow() override;
   void ShowAboutWindow() override;
+  bool LoadSkinPicture(ImageRole role, const std::filesystem::path& file) override;
+  void ShowOptionsDialog() override;
 
   // A fatal error: stops the worker, shows the program's words in the box,
   // then closes the window by the normal way out and ends the program.
@@ -95,6 +97,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   QPushButton* moveButton_ = nullptr;
   QLabel* statusPanel_ = nullptr;
   QLabel* strengthPanel_ = nullptr;
+  QLabel* openingPanel_ = nullptr;  // the opening the game is in
   QLabel* productPanel_ = nullptr;
   QProgressBar* progress_ = nullptr;
 
@@ -103,7 +106,6 @@ class MainWindow : public QMainWindow, public WindowLayer {
   bool closePending_ = false;
   bool ending_ = false;  // a fatal error is closing the window
   bool syncing_ = false;
-  int shownSkin_ = -1;
 };
 
 }  // namespace qv::gui

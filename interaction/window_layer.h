@@ -57,6 +57,12 @@ class WindowLayer {
   // The modal windows of the Help menu.
   virtual void ShowRulesWindow() {}
   virtual void ShowAboutWindow() {}
+  // Loads a skin's picture into the role's slot of the skin's picture set;
+  // false when the file is missing or is not a picture.
+  virtual bool LoadSkinPicture(ImageRole /*role*/, const std::filesystem::path& /*file*/) { return false; }
+  // The Options dialog, modal, on the settings of the game: OK and Apply store
+  // its controls into them.
+  virtual void ShowOptionsDialog() {}
 };
 
 }  // namespace qv
