@@ -416,10 +416,12 @@ class Turn {
         if (rootInfo_[j].Score > rootInfo_[i].Score) std::swap(rootInfo_[i], rootInfo_[j]);
   }
 
-  // The texts of the end of thinking, shown by the game that plays the move.
+  // The texts of the end of thinking, shown by the game that plays the move,
+  // and the sorted root moves unless the computer plays itself.
   void ShowEndOfThinking() {
     ui_.SetStrengthLabel(strength_);
     if (!calculation_.empty()) ui_.SetCalculation(calculation_);
+    if (o_.PlayMode != 2) ui_.ShowRootScores(rootInfo_);
     ui_.SetStatus("");
   }
 

@@ -9,10 +9,13 @@
 
 namespace qv {
 
+// A root move's entry before the search has reached it.
+inline constexpr int NotScored = -32767;
+
 struct RootScore {
-  int From = -32767;
-  int To = -32767;
-  int Score = -32767;
+  int From = NotScored;
+  int To = NotScored;
+  int Score = NotScored;
 };
 
 // What one turn found, for the caller's display and log.

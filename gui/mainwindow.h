@@ -11,6 +11,7 @@
 #include "interaction/session.h"
 
 class QAction;
+class QKeySequence;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -71,7 +72,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void BuildMenus();
   void BuildHelpMenu();
   void BuildPanels();
-  QAction* AddCommand(QMenu* menu, Command c, const QString& text, bool checkable = false);
+  QAction* AddCommand(QMenu* menu, Command c, const QString& text, const QKeySequence& keys, bool checkable = false);
   void Sync();
   void SyncList(QListWidget* list, const std::vector<std::string>& rows, int enabled);
   void JobFinished();

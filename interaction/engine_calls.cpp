@@ -9,7 +9,9 @@
 #include "core/movegen.h"
 #include "engine/driver.h"
 #include "engine/search.h"
+#include "interaction/analysis_list.h"
 #include "interaction/boardview.h"
+#include "interaction/commands.h"
 #include "interaction/movelist.h"
 #include "interaction/user_commands.h"
 
@@ -44,6 +46,7 @@ class WindowDriverUi : public DriverUi {
   }
   void GameEnded(double playerScore) override { ratingNote_ = RateGameEnd(s_, playerScore); }
   bool AskYesNo(const std::string& caption, const std::string& text) override { return s_.window.AskYesNo(text, caption); }
+  void ShowRootScores(const std::vector<RootScore>& scores) override { FillAnalysisList(s_, scores); }
   // The computer's move entered the record: it goes into the game list and
   // onto the board before anything the turn says about it.
   void MoveRecorded(int halfMove) override {
@@ -94,6 +97,7 @@ void CheckEndAfterMove(Session& s) {
   UpdateDrawReason(g);
   WindowDriverUi ui(s);
   CheckGameEnd(g, ui, 0);
+  if (g.GameOver == 1) DisableAfterGameEnd(s);
 }
 void CheckDrawsAfterWalk(Session& s) {
   Game& g = s.game;
