@@ -11,6 +11,7 @@
 #include "core/generator_work.h"
 #include "core/options.h"
 #include "core/random.h"
+#include "core/rating_state.h"
 #include "core/rules.h"
 #include "core/table.h"
 
@@ -21,6 +22,12 @@ inline constexpr int PlyRows = 41;
 inline constexpr int RecordSize = 1001;
 inline constexpr int MoveTextRows = 501;
 inline constexpr int CaptureTextSize = 50;
+
+// Columns of a MoveTextTable row: the two half moves' texts, who made each,
+// and the strength the computer played its move of the row at.
+inline constexpr int FirstHalfText = 0, SecondHalfText = 1, FirstMoverCode = 2, SecondMoverCode = 3, MoveLevel = 4;
+// Who made a move, as MoveTextTable remembers it.
+inline constexpr int MoverComputer = 1, MoverHuman = 2, MoverLoaded = 3;
 
 // One move. CaptureText is all NUL for a quiet move; otherwise one digit (the
 // notation in force when it was pushed) and then a group of three characters
@@ -234,6 +241,7 @@ struct Game {
   Table<int, RecordSize> ScoreHistory;
 
   Options Settings;
+  RatingState Rating;
   RandomSource Random;
 
   double Rnd() { return Random.Rnd(); }

@@ -12,8 +12,9 @@
 int main(int argc, char** argv) {
   qv::gui::Application app(argc, argv);
   auto game = std::make_unique<qv::Game>();
-  game->DataFolder = qv::FindDataFolder(qv::ExecutableFolder(argv[0]));
-  game->WritableFolder = qv::FindWritableFolder(qv::ExecutableFolder(argv[0]));
+  const auto programFolder = qv::ExecutableFolder(argv[0]);
+  game->DataFolder = qv::FindDataFolder(programFolder);
+  game->WritableFolder = qv::FindWritableFolder(programFolder);
   try {
     // --variants-dialog: the Variants dialog alone, as "New Variant..." opens
     // it; prints the variant label and the number of legal moves of the new game.

@@ -27,6 +27,8 @@
 #include "gui/application.h"
 #include "gui/boardwidget.h"
 #include "gui/gamefiledialog.h"
+#include "gui/helpwindows.h"
+#include "gui/linklabel.h"
 #include "gui/optionsdialog.h"
 #include "gui/pictureset.h"
 #include "gui/plyvaluewindow.h"
@@ -66,7 +68,7 @@ QListWidget* MakeList(int width) {
 }  // namespace
 
 MainWindow::MainWindow(std::unique_ptr<Game> game, QWidget* parent)
-    : QMainWindow(parent), game_(std::move(game)), session_{*game_, screen_, *this} {
+    : QMainWindow(parent), game_(std::move(game)), session_{*game_, screen_, *this, &files_} {
   sound_ = new SoundPlayer(this);
   screen_.TwipsPerPixel = logicalDpiX() >= 120 ? 12 : 15;
   progressTimer_ = new QTimer(this);
@@ -74,6 +76,7 @@ MainWindow::MainWindow(std::unique_ptr<Game> game, QWidget* parent)
   connect(progressTimer_, &QTimer::timeout, this, &MainWindow::ShowThinking);
   BuildPanels();
   BuildMenus();
+  BuildHelpMenu();
   StartUp(session_);
   Sync();
 }
@@ -113,6 +116,8 @@ void MainWindow::BuildMenus() {
   AddCommand(gameMenu, Command::Open, "Open...", QKeySequence(QKeySequence::Open));
   AddCommand(gameMenu, Command::Save, "Save...", QKeySequence(QKeySequence::Save));
   gameMenu->addSeparator();
+  AddCommand(gameMenu, Command::CreateDiagram, "Create Diagram...", QKeySequence(Qt::CTRL | Qt::Key_E));
+  AddCommand(gameMenu, Command::Rating, "Rating", QKeySequence(Qt::CTRL | Qt::Key_R));
   AddCommand(gameMenu, Command::Options, "Options...", QKeySequence(Qt::CTRL | Qt::Key_Comma));
   gameMenu->addSeparator();
   AddCommand(gameMenu, Command::Exit, "Exit", QKeySequence(Qt::CTRL | Qt::Key_Q));
@@ -568,6 +573,26 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   event->accept();
 }
 
+void MainWindow::BuildHelpMenu() {
+  QMenu* helpMenu = menuBar()->addMenu("&Help");
+  AddCommand(helpMenu, Command::QuickRules, "Quick Rules", QKeySequence(Qt::SHIFT | Qt::Key_F1));
+  AddCommand(helpMenu, Command::Rules, "Rules", QKeySequence(Qt::Key_F1));
+  helpMenu->addSeparator();
+  AddCommand(helpMenu, Command::About, "About", QKeySequence(Qt::CTRL | Qt::Key_F1));
+}
+
+void MainWindow::OpenLink(const std::string& link) { OpenAddress(link); }
+
+void MainWindow::ShowRulesWindow() {
+  RulesWindow frmRules(*game_, this);
+  frmRules.exec();
+}
+
+void MainWindow::ShowAboutWindow() {
+  AboutWindow frmAbout(this);
+  frmAbout.exec();
+}
+
 }  // namespace qv::gui
 
 namespace qv::gui {
@@ -577,7 +602,7 @@ bool MainWindow::LoadSkinPicture(ImageRole role, const std::filesystem::path& fi
 }
 
 void MainWindow::ShowOptionsDialog() {
-  OptionsDialog dialog(*game_, playerRating_, this);
+  OptionsDialog dialog(*game_, game_->Rating.PlayerRating, this);
   // Apply shows its effect at once, as OK does when the dialog has closed.
   std::string shownSkin = game_->Settings.SkinName;
   connect(&dialog, &OptionsDialog::Stored, this, [this, &shownSkin] {

@@ -61,6 +61,9 @@ class MainWindow : public QMainWindow, public WindowLayer {
   PlyValueWindow* plyValueWindow() { return plyValue_; }
   std::filesystem::path ChooseGameFile(const std::string& title, const std::vector<std::string>& filters,
                                        bool save) override;
+  void OpenLink(const std::string& link) override;
+  void ShowRulesWindow() override;
+  void ShowAboutWindow() override;
   bool LoadSkinPicture(ImageRole role, const std::filesystem::path& file) override;
   void ShowOptionsDialog() override;
 
@@ -73,6 +76,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
 
  private:
   void BuildMenus();
+  void BuildHelpMenu();
   void BuildPanels();
   QAction* AddCommand(QMenu* menu, Command c, const QString& text, const QKeySequence& keys, bool checkable = false);
   void Sync();
@@ -82,6 +86,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
 
   std::unique_ptr<Game> game_;
   Screen screen_;
+  UserFiles files_;
   Session session_;
   SoundPlayer* sound_ = nullptr;
   std::map<Command, QAction*> actions_;
@@ -109,7 +114,6 @@ class MainWindow : public QMainWindow, public WindowLayer {
   bool closePending_ = false;
   bool ending_ = false;  // a fatal error is closing the window
   bool syncing_ = false;
-  int playerRating_ = 1200;
 };
 
 }  // namespace qv::gui

@@ -11,6 +11,7 @@
 #include "interaction/boardview.h"
 #include "interaction/engine_calls.h"
 #include "interaction/filecommands.h"
+#include "interaction/help_windows.h"
 #include "interaction/mouse_entry.h"
 #include "interaction/movelist.h"
 #include "interaction/optionsform.h"
@@ -18,6 +19,7 @@
 #include "interaction/navigation.h"
 #include "interaction/newvariant.h"
 #include "interaction/record.h"
+#include "interaction/user_commands.h"
 
 namespace qv {
 
@@ -63,6 +65,11 @@ void RunCommand(Session& s, Command c) {
     case Command::UseSound: return ToggleUseSound(s);
     case Command::Analyze: return AnalyzeCommand(s);
     case Command::Hint: return HintCommand(s);
+    case Command::CreateDiagram: return CreateDiagramCommand(s);
+    case Command::Rating: return RatingCommand(s);
+    case Command::QuickRules: return ShowRules(s, s.game.QuickHelpLink);
+    case Command::Rules: return ShowRules(s, s.game.HelpLink);
+    case Command::About: return ShowAbout(s);
     case Command::Options: return OpenOptions(s);
     default: return;  // not a menu command, or not built yet
   }
@@ -211,7 +218,7 @@ void ShowNewGame(Session& s) {
 void StartUp(Session& s) {
   Game& g = s.game;
   Screen& sc = s.screen;
-  // The rating file is not kept yet: every start is at the first-run rating.
+  if (s.files) OpenUserFiles(*s.files, g);
   g.CustomPosition = 0;
   g.TouchedCell = 0;
   g.LazyMargin = 150;
@@ -336,7 +343,8 @@ void DrawOffer(Session& s) {
     s.window.ShowMessage("Offer rejected... Play on!", "Draw Offer", BoxIcon::Exclamation);
     return;
   }
-  s.window.ShowMessage("OK... It's a draw!", "Congratulations", BoxIcon::None);
+  const std::string rating = RateGameEnd(s, 0.5);
+  s.window.ShowMessage("OK... It's a draw!" + rating, "Congratulations", BoxIcon::None);
   EndGameByAgreement(s);
   g.GameOver = 1;
   s.screen.StatusText = "It's a draw!";
@@ -346,7 +354,8 @@ void DrawOffer(Session& s) {
 
 void ResignGame(Session& s) {
   Game& g = s.game;
-  s.window.ShowMessage("OK... Computer wins!", "Congratulations", BoxIcon::None);
+  const std::string rating = RateGameEnd(s, 0.0);
+  s.window.ShowMessage("OK... Computer wins!" + rating, "Congratulations", BoxIcon::None);
   g.GameOver = 1;
   EndGameByResignation(s);
   s.screen.StatusText = "Computer wins!";
@@ -436,6 +445,10 @@ void PictureSetCommand(Session& s, const std::string& name) {
   if (CommandAvailable(s.screen, Command::BoardMenu)) SelectSkin(s, name);
 }
 
-void UnloadMainWindow(Session& s) { SaveOnExit(s); }
+// The way out: the autosave and the settings, then the rating and the log.
+void UnloadMainWindow(Session& s) {
+  SaveOnExit(s);
+  if (s.files) CloseUserFiles(*s.files, s.game);
+}
 
 }  // namespace qv

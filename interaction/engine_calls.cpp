@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <thread>
+#include <utility>
 
 #include "core/gameend.h"
 #include "core/makemove.h"
@@ -12,6 +13,7 @@
 #include "interaction/boardview.h"
 #include "interaction/commands.h"
 #include "interaction/movelist.h"
+#include "interaction/user_commands.h"
 
 namespace qv {
 
@@ -37,8 +39,12 @@ class WindowDriverUi : public DriverUi {
   void SetStrengthLabel(const std::string& text) override { s_.screen.StrengthText = text; }
   void ShowMessage(const std::string& caption, const std::string& text) override {
     s_.window.Changed(Part::Board | Part::Status | Part::Lists);
-    s_.window.ShowMessage(text, caption, caption == "Error" ? BoxIcon::Warning : BoxIcon::Information);
+    // The box of a game's end carries what the game did to the rating.
+    std::string shown = text;
+    if (caption == "Congratulations") shown += std::exchange(ratingNote_, std::string());
+    s_.window.ShowMessage(shown, caption, caption == "Error" ? BoxIcon::Warning : BoxIcon::Information);
   }
+  void GameEnded(double playerScore) override { ratingNote_ = RateGameEnd(s_, playerScore); }
   bool AskYesNo(const std::string& caption, const std::string& text) override { return s_.window.AskYesNo(text, caption); }
   void ShowRootScores(const std::vector<RootScore>& scores) override {
     s_.screen.RootInfo = scores;
@@ -51,14 +57,17 @@ class WindowDriverUi : public DriverUi {
     const MoveRecord& move = g.Record.GameMoves[halfMove];
     const std::string moveText = MoveTextOf(move.FromSquare, move.ToSquare, g.Settings.NotationKind);
     if (static_cast<int>(s_.screen.List1.size()) > halfMove - 1) s_.screen.List1.resize(halfMove - 1);
-    WriteMoveToList(s_, moveText, DisplayText(g, moveText), MoverComputer);
+    lastRow = WriteMoveToList(s_, moveText, DisplayText(g, moveText), MoverComputer);
     s_.screen.List1Selected = halfMove - 1;
     RefreshBoard(s_, 0);
     s_.window.Changed(Part::Board | Part::Lists | Part::Status | Part::Texts);
   }
 
+  std::string lastRow;  // the game list's row of the computer's move
+
  private:
   Session& s_;
+  std::string ratingNote_;
 };
 
 // The engine's words while it thinks on the worker: followed live by the
@@ -132,9 +141,12 @@ EngineJob ComputerTurnJob(double wait, bool pauses, std::function<void(Session&,
     TurnDecision decision = ThinkComputerMove(work, ui);
     return [decision = std::move(decision), then](Session& s) {
       WindowDriverUi ui(s);
-      const TurnReport turn = PlayComputerMove(s.game, decision, ui);
-      const bool moved = turn.moved;
-      then(s, moved && s.game.SearchCancelled == 0);
+      const TurnReport report = PlayComputerMove(s.game, decision, ui);
+      if (report.moved) {
+        LogLine(s, ComputerLogLine(ui.lastRow, report.score, report.depth, report.mainLine));
+        LogLine(s, report.iterationLog);
+      }
+      then(s, report.moved && s.game.SearchCancelled == 0);
     };
   };
 }

@@ -10,6 +10,7 @@
 #include "interaction/boardview.h"
 #include "interaction/navigation.h"
 #include "interaction/record.h"
+#include "interaction/user_commands.h"
 
 namespace qv {
 
@@ -54,20 +55,25 @@ std::string GameListRow(int n, const std::string& display) {
   return std::string(number) + ". " + display;
 }
 
-void WriteMoveToList(Session& s, std::string_view moveText, const std::string& display, int moverCode) {
+std::string WriteMoveToList(Session& s, std::string_view moveText, const std::string& display, int moverCode) {
   Game& g = s.game;
   const int n = g.HalfMoveCount;
+  if (n == 1) LogGameHeader(s);
   const int pair = (n + 1) / 2;
   auto& row = g.MoveTextTable[pair];
   const bool first = n % 2 == 1;
   row[first ? FirstHalfText : SecondHalfText] = ToLower(moveText) + " " + display;
   row[first ? FirstMoverCode : SecondMoverCode] = std::to_string(moverCode);
+  // The strength the computer played at, as the status line shows it; the rating averages it.
+  if (moverCode == MoverComputer) row[MoveLevel] = std::to_string(10 - g.Settings.StrengthHandicap);
   // A move that keeps the game in the book is marked, and the opening named.
   const BookAnswer book = BookLookup(g, 0, g.Random);
-  s.screen.List1.push_back(GameListRow(n, display) + (book.InBook == 1 ? "b" : ""));
+  const std::string listRow = GameListRow(n, display) + (book.InBook == 1 ? "b" : "");
+  s.screen.List1.push_back(listRow);
   s.screen.OpeningNameShown = book.OpeningName;
   s.screen.Text1.clear();
   s.window.Changed(Part::Lists | Part::Texts | Part::Status);
+  return listRow;
 }
 
 void RefreshMoveChoices(Session& s) {

@@ -9,11 +9,6 @@
 
 namespace qv {
 
-// Columns of a MoveTextTable row.
-inline constexpr int FirstHalfText = 0, SecondHalfText = 1, FirstMoverCode = 2, SecondMoverCode = 3, MoveLevel = 4;
-// Who made a move, as MoveTextTable remembers it.
-inline constexpr int MoverComputer = 1, MoverHuman = 2, MoverLoaded = 3;
-
 // MoveText of a move between two cells: each square's text, upper case, a
 // one-character square name followed by a blank.
 std::string MoveTextOf(int fromCell, int toCell, int notationKind);
@@ -26,8 +21,9 @@ std::string DisplayText(const Game& g, std::string_view moveText);
 // The List1 row of half move n.
 std::string GameListRow(int n, const std::string& display);
 
-// Writes half move HalfMoveCount into MoveTextTable and List1.
-void WriteMoveToList(Session& s, std::string_view moveText, const std::string& display, int moverCode);
+// Writes half move HalfMoveCount into MoveTextTable and List1 (the game
+// log's header first, at the first half move) and gives the row written.
+std::string WriteMoveToList(Session& s, std::string_view moveText, const std::string& display, int moverCode);
 
 // Refills List2 with the legal moves of the position.
 void RefreshMoveChoices(Session& s);

@@ -6,6 +6,7 @@
 #include "interaction/commands.h"
 #include "interaction/engine_calls.h"
 #include "interaction/movelist.h"
+#include "interaction/user_commands.h"
 
 namespace qv {
 
@@ -64,7 +65,8 @@ void RecordHumanMove(Session& s, std::string_view moveText, EntryPath path) {
   RefreshBoard(s, 0);
   if (g.Settings.UseSound == 1) s.window.PlaySound(g.DataFolder / "sounds" / "click.wav");
 
-  WriteMoveToList(s, moveText, display, MoverHuman);
+  const std::string row = WriteMoveToList(s, moveText, display, MoverHuman);
+  LogLine(s, PlayerLogLine(row, g.Record.EvalHistory[n]));
   sc.List1Selected = n - 1;
   s.window.Changed(Part::Lists | Part::Texts | Part::Status | Part::Commands);
   CheckEndAfterMove(s);

@@ -91,6 +91,11 @@ enum class Command {
   List3,
   Text2,
   PlyValueTable,
+  CreateDiagram,
+  Rating,
+  QuickRules,
+  Rules,
+  About,
   Count
 };
 

@@ -58,6 +58,12 @@ class WindowLayer {
                                                bool /*save*/) {
     return {};
   }
+  // Hands a link or address to the system's browser or mail program. A link
+  // that cannot be opened is not reported.
+  virtual void OpenLink(const std::string& /*link*/) {}
+  // The modal windows of the Help menu.
+  virtual void ShowRulesWindow() {}
+  virtual void ShowAboutWindow() {}
   // Loads a skin's picture into the role's slot of the skin's picture set;
   // false when the file is missing or is not a picture.
   virtual bool LoadSkinPicture(ImageRole /*role*/, const std::filesystem::path& /*file*/) { return false; }

@@ -48,6 +48,11 @@ struct RecordingWindow : WindowLayer {
     return popupAnswer;
   }
   void Changed(unsigned) override {}
+  std::vector<std::string> links;  // links handed to the browser
+  std::vector<std::string> windows;  // "Rules", "About": the Help windows opened
+  void OpenLink(const std::string& link) override { links.push_back(link); }
+  void ShowRulesWindow() override { windows.push_back("Rules"); }
+  void ShowAboutWindow() override { windows.push_back("About"); }
   void StartEngineJob(const Game& g, EngineJob job) override {
     ++turns;
     if (!runTurns) return;

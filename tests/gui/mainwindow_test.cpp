@@ -138,7 +138,8 @@ TEST(MainWindow, EveryCommandHasKeysNamedInItsToolTip) {
                     Command::OfferDraw, Command::Resign, Command::PlayerComputer, Command::PlayerPlayer,
                     Command::ComputerComputer, Command::First, Command::Back, Command::Forward, Command::Last,
                     Command::TurnBoard, Command::NotationNone, Command::NotationAlgebraic, Command::NotationNumeric,
-                    Command::Calculation, Command::UseSound}) {
+                    Command::Calculation, Command::UseSound, Command::CreateDiagram, Command::Rating,
+                    Command::QuickRules, Command::Rules, Command::About}) {
     QAction* a = window->action(c);
     ASSERT_NE(a, nullptr);
     EXPECT_FALSE(a->shortcut().isEmpty()) << a->text().toStdString();
