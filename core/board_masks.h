@@ -43,15 +43,16 @@ struct SideMasks {
   Mask Opp() const { return oppMen | oppKings; }
 };
 
-// Board holds only -2..2 on its squares between generator calls.
+// Board holds only -2..2 on its squares between generator calls. A square
+// that holds no piece counts as empty, the unused colour's squares among
+// them; no diagonal step reaches those.
 inline SideMasks BuildSideMasks(const BoardCells& board, int side) {
-  Mask whiteMen = 0, whiteKings = 0, blackMen = 0, blackKings = 0, empty = 0;
+  Mask white = 0, black = 0, kings = 0;
   const int* cells = board.Cells;
 #ifdef __SSE2__
-  // Two rows at a time, their sixteen cells narrowed to bytes, then one
-  // compare per kind.
-  const __m128i man = _mm_set1_epi8(1), king = _mm_set1_epi8(2);
-  const __m128i blackMan = _mm_set1_epi8(-1), blackKing = _mm_set1_epi8(-2), zero = _mm_setzero_si128();
+  // Two rows at a time, their sixteen cells narrowed to bytes: the sign bits
+  // are Black's pieces, a compare gives White's, two more the kings.
+  const __m128i zero = _mm_setzero_si128(), king = _mm_set1_epi8(2), blackKing = _mm_set1_epi8(-2);
   for (int row = 0; row < 8; row += 2) {
     const int* first = cells + (row + 2) * 10 + 1;
     const int* second = first + 10;
@@ -60,33 +61,29 @@ inline SideMasks BuildSideMasks(const BoardCells& board, int side) {
     const __m128i b = _mm_packs_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(second)),
                                       _mm_loadu_si128(reinterpret_cast<const __m128i*>(second + 4)));
     const __m128i bytes = _mm_packs_epi16(a, b);
-    const auto bits = [&](__m128i value) {
-      return static_cast<Mask>(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, value)))) << (row * 8);
+    const auto bits = [row](__m128i v) {
+      return static_cast<Mask>(static_cast<unsigned>(_mm_movemask_epi8(v))) << (row * 8);
     };
-    whiteMen |= bits(man);
-    whiteKings |= bits(king);
-    blackMen |= bits(blackMan);
-    blackKings |= bits(blackKing);
-    empty |= bits(zero);
+    black |= bits(bytes);
+    white |= bits(_mm_cmpgt_epi8(bytes, zero));
+    kings |= bits(_mm_or_si128(_mm_cmpeq_epi8(bytes, king), _mm_cmpeq_epi8(bytes, blackKing)));
   }
 #else
   for (int bit = 0; bit < 64; ++bit) {
     const int v = cells[CellOfBit(bit)];
     const Mask m = BitOf(bit);
-    if (v == WhiteMan) whiteMen |= m;
-    else if (v == WhiteKing) whiteKings |= m;
-    else if (v == BlackMan) blackMen |= m;
-    else if (v == BlackKing) blackKings |= m;
-    else if (v == 0) empty |= m;
+    if (v > 0) white |= m;
+    if (v < 0) black |= m;
+    if (v == WhiteKing || v == BlackKing) kings |= m;
   }
 #endif
   SideMasks m;
-  m.empty = empty;
-  if (side == 1) {
-    m.ownMen = whiteMen, m.ownKings = whiteKings, m.oppMen = blackMen, m.oppKings = blackKings;
-  } else {
-    m.ownMen = blackMen, m.ownKings = blackKings, m.oppMen = whiteMen, m.oppKings = whiteKings;
-  }
+  m.empty = ~(white | black);
+  const Mask own = side == 1 ? white : black, opp = side == 1 ? black : white;
+  m.ownMen = own & ~kings;
+  m.ownKings = own & kings;
+  m.oppMen = opp & ~kings;
+  m.oppKings = opp & kings;
   return m;
 }
 

@@ -43,9 +43,9 @@ void FastGenerate(Game& g, int includeQuiet, bool quietWhenNoCapture) {
   }
   g.MoveTop = g.PlyBase[g.Ply];
   if (includeQuiet > 0 || quietWhenNoCapture) {
-    constexpr auto promoSquares = FastPromoSquares(Flavour);
-    const Mask promo = side == 1 ? MaskOfCells(promoSquares[0]) : MaskOfCells(promoSquares[1]);
-    PushQuietMoves<true>(g, OrderKeys(g), masks, side, promo);
+    static constexpr Mask PromoWhite = MaskOfCells(FastPromoSquares(Flavour)[0]);
+    static constexpr Mask PromoBlack = MaskOfCells(FastPromoSquares(Flavour)[1]);
+    PushQuietMoves<true>(g, OrderKeys(g), masks, side, side == 1 ? PromoWhite : PromoBlack);
   }
   g.PlyBase[g.Ply + 1] = g.MoveTop;
 }

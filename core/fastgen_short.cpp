@@ -26,18 +26,19 @@ class ShortCaptures {
   static constexpr bool PushAtOnce = Flavour == 1;
 
   ShortCaptures(Game& game, const OrderKeys& keys, const SideMasks& masks, int sideToMove, Mask promoSquares)
-      : g(game), order(keys), m(masks), side(sideToMove), promo(promoSquares) {
-    for (int d = 0; d < 4; ++d) {
-      const int s = DiagonalBitStep[d];
-      menJump[d] = TwoStepsFrom[d] & ShiftBy(MenTargets(), -s) & ShiftBy(m.empty, -2 * s);
-      kingJump[d] = TwoStepsFrom[d] & ShiftBy(m.Opp(), -s) & ShiftBy(m.empty, -2 * s);
-    }
-  }
+      : g(game), order(keys), m(masks), side(sideToMove), promo(promoSquares) {}
 
   // The pieces that have a first jump.
-  Mask Jumpers() const {
-    const int f = ForwardPair(side);
-    return (m.ownMen & (menJump[f] | menJump[f + 1])) | (m.ownKings & (kingJump[0] | kingJump[1] | kingJump[2] | kingJump[3]));
+  static Mask Jumpers(const SideMasks& m, int side) {
+    const Mask menTargets = MenTakeKings ? m.Opp() : m.oppMen;
+    Mask men = 0, kings = 0;
+    for (int d = 0; d < 4; ++d) {
+      const int s = DiagonalBitStep[d];
+      const Mask landing = TwoStepsFrom[d] & ShiftBy(m.empty, -2 * s);
+      kings |= landing & ShiftBy(m.Opp(), -s);
+      if (d / 2 * 2 == ForwardPair(side)) men |= landing & ShiftBy(menTargets, -s);
+    }
+    return (m.ownMen & men) | (m.ownKings & kings);
   }
 
   // Traces every line of every jumper; false when a line grew beyond what the
@@ -65,7 +66,6 @@ class ShortCaptures {
   const SideMasks& m;
   const int side;
   const Mask promo;
-  Mask menJump[4] = {}, kingJump[4] = {};
   // The piece being traced.
   int from = 0, value = 0;
   bool king = false;
@@ -73,8 +73,6 @@ class ShortCaptures {
   Mask landable = 0;  // empty squares, its own start square among them
   PathText path;
   int peak = 0;       // longest path this piece reached
-
-  Mask MenTargets() const { return MenTakeKings ? m.Opp() : m.oppMen; }
 
   // The piece stands on `bit` after the jumps of `path`. A line is recorded
   // where no jump goes on, or where a man stops crowned.
@@ -165,13 +163,12 @@ class ShortCaptures {
 
 template <int Flavour>
 void FastGenerate(Game& g, int includeQuiet, bool quietWhenNoCapture) {
+  static constexpr Mask PromoWhite = MaskOfCells(FastPromoSquares(Flavour)[0]);
+  static constexpr Mask PromoBlack = MaskOfCells(FastPromoSquares(Flavour)[1]);
   const int side = g.SideToMove;
   const SideMasks masks = BuildSideMasks(g.Board, side);
-  const OrderKeys order(g);
-  constexpr auto promoSquares = FastPromoSquares(Flavour);
-  const Mask promo = side == 1 ? MaskOfCells(promoSquares[0]) : MaskOfCells(promoSquares[1]);
-  ShortCaptures<Flavour> captures(g, order, masks, side, promo);
-  const Mask jumpers = captures.Jumpers();
+  const Mask promo = side == 1 ? PromoWhite : PromoBlack;
+  const Mask jumpers = ShortCaptures<Flavour>::Jumpers(masks, side);
   // With a capture at hand and the quiet moves asked for as well, the walk
   // gives them mixed piece by piece: a case the search never asks for.
   if (jumpers != 0 && includeQuiet > 0) {
@@ -180,7 +177,8 @@ void FastGenerate(Game& g, int includeQuiet, bool quietWhenNoCapture) {
   }
   const int startTop = g.PlyBase[g.Ply];
   g.MoveTop = startTop;
-  if (jumpers != 0 && !captures.Trace(jumpers)) {
+  const OrderKeys order(g);
+  if (jumpers != 0 && !ShortCaptures<Flavour>(g, order, masks, side, promo).Trace(jumpers)) {
     if (quietWhenNoCapture) MoveWalk<FastRules<Flavour>>(g).RunCapturesThenQuiet();
     else MoveWalk<FastRules<Flavour>>(g).Run(includeQuiet);
     return;
