@@ -15,6 +15,7 @@ namespace {
 // Whether any own king has a first jump: over the first piece along a
 // diagonal when that is an opponent with an empty square behind it.
 bool KingCanCapture(const SideMasks& m) {
+  if (m.ownKings == 0) return false;
   const Mask opp = m.Opp();
   Mask jumps = 0;
   for (int d = 0; d < 4; ++d) {
