@@ -1,21 +1,20 @@
 // The fast generators of the two rule sets with flying kings (flavour 3: the
-// most pieces; flavour 4: a man crowned in passing jumps on as a king). The
-// quiet moves and the men's capture lines come from the masks; a king's
-// capture, and a man crowned in passing, go to the walk with these rules
-// fixed, whose trace of long jumps is the rule.
+// most pieces; flavour 4: a man crowned in passing jumps on as a king). A man
+// crowned in passing goes to the walk with these rules fixed.
 #include "core/board_masks.h"
 #include "core/fastgen.h"
-#include "core/fastgen_stepcaptures.h"
+#include "core/fastgen_captures.h"
 #include "core/movegen_walk.h"
 
 namespace qv {
 
 namespace {
 
-// Whether any own king has a first jump: over the first piece along a
-// diagonal when that is an opponent with an empty square behind it.
-bool KingCanCapture(const SideMasks& m) {
-  if (m.ownKings == 0) return false;
+// The kings that may have a first jump: all of them when any has, over the
+// first piece along a diagonal when that is an opponent with an empty square
+// behind it.
+Mask KingJumpers(const SideMasks& m) {
+  if (m.ownKings == 0) return 0;
   const Mask opp = m.Opp();
   Mask jumps = 0;
   for (int d = 0; d < 4; ++d) {
@@ -26,7 +25,7 @@ bool KingCanCapture(const SideMasks& m) {
     const Mask hit = ShiftBy(reach & one, s) & opp;
     jumps |= ShiftBy(hit & one, s) & m.empty;
   }
-  return jumps != 0;
+  return jumps != 0 ? m.ownKings : 0;
 }
 
 }  // namespace
@@ -38,18 +37,17 @@ void FastGenerate(Game& g, int includeQuiet, bool quietWhenNoCapture) {
   const int side = g.SideToMove;
   const SideMasks masks = BuildSideMasks(g.Board, side);
   const Mask promo = side == 1 ? PromoWhite : PromoBlack;
-  const Mask jumpers = StepCaptures<Flavour>::Jumpers(masks, side) & masks.ownMen;
-  // A king's capture, or a capture with the quiet moves asked for as well,
-  // is the walk's.
-  if (KingCanCapture(masks) || (jumpers != 0 && includeQuiet > 0)) {
-    if (quietWhenNoCapture) MoveWalk<FastRules<Flavour>>(g).RunCapturesThenQuiet();
-    else MoveWalk<FastRules<Flavour>>(g).Run(includeQuiet);
+  const Mask jumpers = (MaskCaptures<Flavour>::Jumpers(masks, side) & masks.ownMen) | KingJumpers(masks);
+  // With a capture at hand and the quiet moves asked for as well, the walk
+  // gives them mixed piece by piece: a case the search never asks for.
+  if (jumpers != 0 && includeQuiet > 0) {
+    MoveWalk<FastRules<Flavour>>(g).Run(includeQuiet);
     return;
   }
   const int startTop = g.PlyBase[g.Ply];
   g.MoveTop = startTop;
   const OrderKeys order(g);
-  if (jumpers != 0 && !StepCaptures<Flavour>(g, order, masks, side, promo).Trace(jumpers)) {
+  if (jumpers != 0 && !MaskCaptures<Flavour>(g, order, masks, side, promo).Trace(jumpers)) {
     if (quietWhenNoCapture) MoveWalk<FastRules<Flavour>>(g).RunCapturesThenQuiet();
     else MoveWalk<FastRules<Flavour>>(g).Run(includeQuiet);
     return;

@@ -3,7 +3,7 @@
 // 2: men take only men, the longest lines, then those that take most kings,
 // then the king's lines).
 #include "core/fastgen.h"
-#include "core/fastgen_stepcaptures.h"
+#include "core/fastgen_captures.h"
 #include "core/movegen_walk.h"
 
 namespace qv {
@@ -15,7 +15,7 @@ void FastGenerate(Game& g, int includeQuiet, bool quietWhenNoCapture) {
   const int side = g.SideToMove;
   const SideMasks masks = BuildSideMasks(g.Board, side);
   const Mask promo = side == 1 ? PromoWhite : PromoBlack;
-  const Mask jumpers = StepCaptures<Flavour>::Jumpers(masks, side);
+  const Mask jumpers = MaskCaptures<Flavour>::Jumpers(masks, side);
   // With a capture at hand and the quiet moves asked for as well, the walk
   // gives them mixed piece by piece: a case the search never asks for.
   if (jumpers != 0 && includeQuiet > 0) {
@@ -25,7 +25,7 @@ void FastGenerate(Game& g, int includeQuiet, bool quietWhenNoCapture) {
   const int startTop = g.PlyBase[g.Ply];
   g.MoveTop = startTop;
   const OrderKeys order(g);
-  if (jumpers != 0 && !StepCaptures<Flavour>(g, order, masks, side, promo).Trace(jumpers)) {
+  if (jumpers != 0 && !MaskCaptures<Flavour>(g, order, masks, side, promo).Trace(jumpers)) {
     if (quietWhenNoCapture) MoveWalk<FastRules<Flavour>>(g).RunCapturesThenQuiet();
     else MoveWalk<FastRules<Flavour>>(g).Run(includeQuiet);
     return;

@@ -1,8 +1,10 @@
 #pragma once
-// Capture lines of pieces that jump one square at a time, traced depth first
-// on the masks of the position: the kings of the short-king rule sets and the
-// men of every fast rule set. The lines come out as the walk records them:
-// where no jump goes on, or where a man stops crowned; the board is only read.
+// The capture lines of a fast rule set traced depth first on the masks of the
+// position: men and short kings jump one square, flying kings over the first
+// piece along a diagonal onto any empty square behind it. Jumped pieces stay
+// in the way until the move is made. The lines come out as the walk records
+// them: where no jump goes on, or where a man stops crowned; the board is
+// only read.
 #include <algorithm>
 #include <cstdlib>
 
@@ -24,7 +26,7 @@ enum class LineChoice {
 };
 
 template <int Flavour>
-class StepCaptures {
+class MaskCaptures {
  public:
   static constexpr bool MenTakeKings = Flavour != 2;
   static constexpr bool MenCaptureBackwards = Flavour >= 3;
@@ -33,13 +35,14 @@ class StepCaptures {
   static constexpr bool MenStopCrowned = Flavour <= 2;
   // A man crowned in passing jumps on as a flying king: such a line is left to the walk.
   static constexpr bool CrownedManFlies = Flavour == 4;
+  static constexpr bool KingsFly = Flavour >= 3;
   static constexpr LineChoice Choice = Flavour == 1   ? LineChoice::PushAtOnce
                                        : Flavour == 2 ? LineChoice::MostCaptured
                                        : Flavour == 3 ? LineChoice::Longest
                                                       : LineChoice::All;
   static constexpr bool PushAtOnce = Choice == LineChoice::PushAtOnce;
 
-  StepCaptures(Game& game, const OrderKeys& keys, const SideMasks& masks, int sideToMove, Mask promoSquares)
+  MaskCaptures(Game& game, const OrderKeys& keys, const SideMasks& masks, int sideToMove, Mask promoSquares)
       : g(game), order(keys), m(masks), side(sideToMove), promo(promoSquares) {}
 
   // The pieces that have a first jump.
@@ -91,6 +94,7 @@ class StepCaptures {
   // The piece stands on `bit` after the jumps of `path`. A line is recorded
   // where no jump goes on, or where a man stops crowned.
   bool Node(int bit) {
+    if (KingsFly && king) return FlyingKingNode(bit);
     bool jumped = false;
     const int forward = ForwardPair(side), backward = 2 - forward;
     const int directions[4] = {forward, forward + 1, backward, backward + 1};
@@ -120,6 +124,40 @@ class StepCaptures {
       const int crown = !MenStopCrowned && !king && ((promo >> bit) & 1) ? 1 : 0;
       return Record(CellOfBit(bit), crown);
     }
+    return true;
+  }
+
+  // A flying king: along each diagonal in turn, past the empty squares to the
+  // first piece; when that is an opponent not yet jumped, every empty square
+  // behind it up to the next obstacle is a landing, nearest first.
+  bool FlyingKingNode(int bit) {
+    bool jumped = false;
+    const int forward = ForwardPair(side), backward = 2 - forward;
+    const int directions[4] = {forward, forward + 1, backward, backward + 1};
+    for (int d : directions) {
+      const int s = DiagonalBitStep[d];
+      const Mask sideways = OneStepFrom[d];
+      int over = bit;
+      do {
+        if (((sideways >> over) & 1) == 0) over = -1;
+        else over += s;
+      } while (static_cast<unsigned>(over) < 64 && ((landable >> over) & 1));
+      if (static_cast<unsigned>(over) >= 64 || ((targets >> over) & 1) == 0) continue;
+      for (int land = over; ((sideways >> land) & 1) != 0;) {
+        land += s;
+        if (static_cast<unsigned>(land) >= 64 || ((landable >> land) & 1) == 0) break;
+        jumped = true;
+        if (path.Groups() == MaxCaptureGroups) return false;
+        path.Append(((m.oppKings >> over) & 1) ? 2 : 1, CellOfBit(over));
+        peak = std::max(peak, path.Length);
+        targets &= ~BitOf(over);
+        const bool fits = FlyingKingNode(land);
+        targets |= BitOf(over);
+        path.DropLast();
+        if (!fits) return false;
+      }
+    }
+    if (!jumped && path.Length > 0) return Record(CellOfBit(bit), 0);
     return true;
   }
 
@@ -174,6 +212,8 @@ class StepCaptures {
       if (Choice == LineChoice::MostCaptured &&
           (key.Length != w.LongestLen || row.KingsTaken != w.MostKings[w.LongestLen] || row.Piece != w.BestMover))
         continue;
+      // A flying king's line counts only where it is the longest this king had reached when it was found.
+      if (KingsFly && std::abs(row.Piece) == 2 && key.Length != row.Peak) continue;
       if (Choice == LineChoice::Longest && key.Length != w.LongestLen) continue;
       if (row.Crown != 0) PushCrowning(g, order, row.From, row.To, key, row.Piece);
       else PushCapture(g, order, row.From, row.To, key, row.Piece);
