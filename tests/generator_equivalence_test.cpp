@@ -169,6 +169,19 @@ void CompareOnRandomPositions(int positions, int& captures) {
       ExpectSame(RunOn(*g, [&] { searchGenerator(includeQuiet); }),
                  RunOn(*g, [&] { MoveWalk<FastRules<Flavour>>(*g).Run(includeQuiet); }),
                  where + " includeQuiet " + std::to_string(includeQuiet));
+    // Every move made and taken back leaves the position as it was (a full
+    // stack stops the search instead, its last entry overwritten).
+    g->StopRequest = 0;
+    GenerateSearchLegalMoves(*g);
+    if (g->StopRequest != 0) continue;
+    const BoardCells before = g->Board;
+    const int side = g->SideToMove, ply = g->Ply, halfMoves = g->HalfMoveCount;
+    for (int i = g->PlyBase[ply]; i < g->PlyBase[ply + 1]; ++i) {
+      MakeSearchMove(*g, i);
+      UndoSearchMove(*g, i);
+      ASSERT_TRUE(g->Board == before && g->SideToMove == side && g->Ply == ply && g->HalfMoveCount == halfMoves)
+          << where << " move " << i;
+    }
     if (::testing::Test::HasFailure()) return;  // one position tells enough
   }
 }
