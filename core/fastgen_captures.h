@@ -45,17 +45,35 @@ class MaskCaptures {
   MaskCaptures(Game& game, const OrderKeys& keys, const SideMasks& masks, int sideToMove, Mask promoSquares)
       : g(game), order(keys), m(masks), side(sideToMove), promo(promoSquares) {}
 
-  // The pieces that have a first jump.
+  // The pieces that have a first jump; with flying kings all the kings when
+  // any of them has one.
   static Mask Jumpers(const SideMasks& m, int side) {
     const Mask menTargets = MenTakeKings ? m.Opp() : m.oppMen;
     Mask men = 0, kings = 0;
     for (int d = 0; d < 4; ++d) {
       const int s = DiagonalBitStep[d];
       const Mask landing = TwoStepsFrom[d] & ShiftBy(m.empty, -2 * s);
-      kings |= landing & ShiftBy(m.Opp(), -s);
+      if (!KingsFly) kings |= landing & ShiftBy(m.Opp(), -s);
       if (MenCaptureBackwards || d / 2 * 2 == ForwardPair(side)) men |= landing & ShiftBy(menTargets, -s);
     }
+    if (KingsFly) kings = FlyingKingsCanJump(m) ? ~Mask{0} : 0;
     return (m.ownMen & men) | (m.ownKings & kings);
+  }
+
+  // Whether a flying king has a first jump: over the first piece along a
+  // diagonal when that is an opponent with an empty square behind it.
+  static bool FlyingKingsCanJump(const SideMasks& m) {
+    if (m.ownKings == 0) return false;
+    Mask jumps = 0;
+    for (int d = 0; d < 4; ++d) {
+      const int s = DiagonalBitStep[d];
+      const Mask sideways = OneStepFrom[d];
+      Mask reach = m.ownKings;
+      for (int k = 0; k < 6; ++k) reach |= ShiftBy(reach & sideways, s) & m.empty;
+      const Mask hit = ShiftBy(reach & sideways, s) & m.Opp();
+      jumps |= ShiftBy(hit & sideways, s) & m.empty;
+    }
+    return jumps != 0;
   }
 
   // Traces every line of every jumper; false when a line grew beyond what the
