@@ -64,32 +64,56 @@ std::string CountdownText(const std::string& head, int moves) {
   return head + Str(moves) + " move" + (moves > 1 ? "s" : "") + "! ";
 }
 
-// One computer turn, step by step: the checks before thinking, the
-// iterations over the root moves, the move played and the rules after it.
+// One computer turn, step by step, in two halves: the thinking (the checks
+// before thinking, the iterations over the root moves), which may run on a
+// copy of the game, and the playing (the move played and the rules after
+// it), on the game itself.
 class Turn {
  public:
   Turn(Game& g, DriverUi& ui) : g_(g), ui_(ui), o_(g.Settings) {}
 
-  TurnReport Run() {
-    if (Begin() && FindRootMoves()) {
+  TurnDecision Think() {
+    decision_.ending = Begin();
+    if (decision_.ending == TurnDecision::Ending::None && !FindRootMoves())
+      decision_.ending = TurnDecision::Ending::NoMoves;
+    if (decision_.ending == TurnDecision::Ending::None) {
       PrepareSearch();
       Deepen();
       EndThinking();
-      PlayBestMove();
-      OfferDraw();
-      ApplyDrawRules();
-      EndIfOpponentBlocked();
+      decision_.move = roots_[0];
+      decision_.rootCount = rootCount_;
+      decision_.bestScore = bestScore_;
+      decision_.mainLine = bestLine_;
+      decision_.rootScores = rootInfo_;
     }
+    decision_.strengthLabel = strength_;
+    decision_.engine = CarriedEngineState::From(g_);
+    return decision_;
+  }
+
+  TurnReport Play(const TurnDecision& decision) {
+    decision.engine.GiveTo(g_);
+    CommitRootPly(g_);
+    if (TellEarlyEnd(decision)) return Finish();
+    TakeDecision(decision);
+    ShowEndOfThinking();
+    PlayBestMove();
+    OfferDraw();
+    ApplyDrawRules();
+    EndIfOpponentBlocked();
+    return Finish();
+  }
+
+ private:
+  TurnReport Finish() {
     ui_.SetThinking(false);
     g_.FocusSquare = 0;
     g_.BookMoveFrom = 0;
     return report_;
   }
 
- private:
   // Start steps 1 to 8: the screen, and a game that ended before this turn.
-  // False when there is nothing left to play.
-  bool Begin() {
+  TurnDecision::Ending Begin() {
     turnStart_ = WholeSeconds();
     g_.BackRankActive = 1;
     UpdateManThresholds(g_);
@@ -104,37 +128,61 @@ class Turn {
 
     CommitRootPly(g_);
     const int score = Evaluate(g_, -32000, 32000, g_.SideToMove);
-    ownLoss_ = g_.RuleLossPending == 1 || score == 32000;
-    if (g_.NoMoveDraw == 1) {
-      g_.NoMoveDraw = 0;
-      DeclareDraw(g_, ui_);
-      return false;
-    }
-    if (ownLoss_) {
-      ResultText(g_, 0);
-      ui_.SetStatus(o_.PlayerName + " wins!");
-      g_.GameOver = 1;
-      ui_.GameEnded(1.0);
-      ui_.Pause(0.5);
-      ui_.ShowMessage("Congratulations", o_.PlayerName + " wins!");
-      return false;
-    }
-    return true;
+    const bool ownLoss = g_.RuleLossPending == 1 || score == 32000;
+    if (g_.NoMoveDraw == 1) return TurnDecision::Ending::NoMoveDraw;
+    if (ownLoss) return TurnDecision::Ending::OwnLoss;
+    return TurnDecision::Ending::None;
   }
 
   // Start step 9: the root moves; without any the game is over.
   bool FindRootMoves() {
     GenerateLegalMoves(g_);
     rootCount_ = g_.PlyBase[1] - g_.PlyBase[0];
-    if (rootCount_ > 0) return true;
-    ResultText(g_, 0);
-    g_.GameOver = 1;
-    ui_.Pause(0.5);
-    const std::string text = g_.RuleSet.AntiMode == 1 ? "Computer wins!" : o_.PlayerName + " wins!";
-    if (g_.RuleSet.AntiMode != 1) ui_.GameEnded(1.0);
-    ui_.SetStatus(text);
-    ui_.ShowMessage("Congratulations", text);
+    return rootCount_ > 0;
+  }
+
+  // The ends a turn finds before it searches, told on the game itself. True
+  // when the game ended so.
+  bool TellEarlyEnd(const TurnDecision& decision) {
+    switch (decision.ending) {
+      case TurnDecision::Ending::None: return false;
+      case TurnDecision::Ending::NoMoveDraw:
+        g_.NoMoveDraw = 0;
+        DeclareDraw(g_, ui_);
+        return true;
+      case TurnDecision::Ending::OwnLoss:
+        ResultText(g_, 0);
+        ui_.SetStatus(o_.PlayerName + " wins!");
+        g_.GameOver = 1;
+        ui_.GameEnded(1.0);
+        ui_.Pause(0.5);
+        ui_.ShowMessage("Congratulations", o_.PlayerName + " wins!");
+        return true;
+      case TurnDecision::Ending::NoMoves: {
+        ResultText(g_, 0);
+        g_.GameOver = 1;
+        ui_.Pause(0.5);
+        const std::string text = g_.RuleSet.AntiMode == 1 ? "Computer wins!" : o_.PlayerName + " wins!";
+        if (g_.RuleSet.AntiMode != 1) ui_.GameEnded(1.0);
+        ui_.SetStatus(text);
+        ui_.ShowMessage("Congratulations", text);
+        return true;
+      }
+    }
     return false;
+  }
+
+  // What the thinking half found, for the playing half.
+  void TakeDecision(const TurnDecision& decision) {
+    roots_.assign(1, decision.move);
+    rootCount_ = decision.rootCount;
+    bestScore_ = decision.bestScore;
+    bestLine_ = decision.mainLine;
+    rootInfo_ = decision.rootScores;
+    strength_ = decision.strengthLabel;
+    calculation_ = decision.calculation;
+    report_.depth = decision.depth;
+    report_.iterationLog = decision.iterationLog;
   }
 
   // Start steps 10 and 12: the depth, the pause, then the clock; the root
@@ -178,10 +226,10 @@ class Turn {
       if (depthMode_ == 0 && elapsed_ >= o_.TimeLimit) StopUnlessScoreFell();
       if (g_.SearchCancelled == 1) break;
       prevIterationBest_ = bestScore_;
-      report_.iterationLog += std::string(15, ' ') + shortLine_ + "   M: " + bestLine_ +
-                              "  T: " + TimeString(WholeSeconds() - iterationStart) + "\r\n";
+      decision_.iterationLog += std::string(15, ' ') + shortLine_ + "   M: " + bestLine_ +
+                                "  T: " + TimeString(WholeSeconds() - iterationStart) + "\r\n";
     }
-    report_.depth = std::min(d, depthLimit_);
+    decision_.depth = std::min(d, depthLimit_);
   }
 
   // Root move i at iteration d: the first against the aspiration window,
@@ -324,9 +372,8 @@ class Turn {
 
   // End steps 1 to 3: the texts, the stop flags, the root scores sorted.
   void EndThinking() {
-    ui_.SetStrengthLabel(strength_);
     if (o_.ShowCalculation == 1)
-      ui_.SetCalculation(head_ + "   Time: " + TimeString(WholeSeconds() - turnStart_) + "\r\nMain: " + bestLine_);
+      decision_.calculation = head_ + "   Time: " + TimeString(WholeSeconds() - turnStart_) + "\r\nMain: " + bestLine_;
     if (g_.StopRequest == 2) {
       g_.StopRequest = 0;
       g_.SearchCancelled = 0;
@@ -341,6 +388,12 @@ class Turn {
     for (std::size_t i = 0; i < rootInfo_.size(); ++i)
       for (std::size_t j = i + 1; j < rootInfo_.size(); ++j)
         if (rootInfo_[j].Score > rootInfo_[i].Score) std::swap(rootInfo_[i], rootInfo_[j]);
+  }
+
+  // The texts of the end of thinking, shown by the game that plays the move.
+  void ShowEndOfThinking() {
+    ui_.SetStrengthLabel(strength_);
+    if (!calculation_.empty()) ui_.SetCalculation(calculation_);
     ui_.SetStatus("");
   }
 
@@ -443,11 +496,11 @@ class Turn {
   DriverUi& ui_;
   const Options& o_;
   TurnReport report_;
+  TurnDecision decision_;
 
   long turnStart_ = 0;
   int depthMode_ = 0;
-  std::string strength_;
-  bool ownLoss_ = false;
+  std::string strength_, calculation_;
 
   int rootCount_ = 0;
   int depthLimit_ = 1;
@@ -495,6 +548,42 @@ std::string MainLineText(const Game& g) {
   return line;
 }
 
-TurnReport ComputerMove(Game& g, DriverUi& ui) { return Turn(g, ui).Run(); }
+CarriedEngineState CarriedEngineState::From(const Game& g) {
+  CarriedEngineState c;
+  c.LazyMargin = g.LazyMargin;
+  c.NoiseRange = g.NoiseRange;
+  c.BackRankActive = g.BackRankActive;
+  c.ManThresholdWhite = g.ManThresholdWhite;
+  c.ManThresholdBlack = g.ManThresholdBlack;
+  c.HorizonLimit = g.HorizonLimit;
+  c.SearchCancelled = g.SearchCancelled;
+  c.RuleLossPending = g.RuleLossPending;
+  c.NodeCount = g.NodeCount;
+  c.Random = g.Random;
+  c.PVTable = g.PVTable;
+  return c;
+}
+
+void CarriedEngineState::GiveTo(Game& g) const {
+  g.LazyMargin = LazyMargin;
+  g.NoiseRange = NoiseRange;
+  g.BackRankActive = BackRankActive;
+  g.ManThresholdWhite = ManThresholdWhite;
+  g.ManThresholdBlack = ManThresholdBlack;
+  g.HorizonLimit = HorizonLimit;
+  g.SearchCancelled = SearchCancelled;
+  g.RuleLossPending = RuleLossPending;
+  g.NodeCount = NodeCount;
+  g.Random = Random;
+  g.PVTable = PVTable;
+}
+
+TurnDecision ThinkComputerMove(Game& g, DriverUi& ui) { return Turn(g, ui).Think(); }
+
+TurnReport PlayComputerMove(Game& g, const TurnDecision& decision, DriverUi& ui) {
+  return Turn(g, ui).Play(decision);
+}
+
+TurnReport ComputerMove(Game& g, DriverUi& ui) { return PlayComputerMove(g, ThinkComputerMove(g, ui), ui); }
 
 }  // namespace qv
