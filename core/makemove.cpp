@@ -117,6 +117,15 @@ void UndoSearchMove(Game& g, int index) {
   const int h = g.HalfMoveCount;
   g.SideToMove = -g.SideToMove;
   --g.Ply;
+  // The plain step back.
+  if (m.CaptureText.Cells[1] == '\0' && m.PromoteFlag == 0 && g.RuleSet.ManKing == 0 && g.RuleSet.KingMan == 0 &&
+      static_cast<unsigned>(from) < static_cast<unsigned>(BoardCells::size()) &&
+      static_cast<unsigned>(to) < static_cast<unsigned>(BoardCells::size()) && from != to) {
+    g.Board.Cells[from] = g.Board.Cells[to];
+    g.Board.Cells[to] = 0;
+    g.HalfMoveCount = h - 1;
+    return;
+  }
   if (g.RuleSet.ManKing == 1) {
     // With nothing noted this writes to cell 0, which nothing reads.
     g.Board[g.Record.ManKingCell[h]] = -g.SideToMove;

@@ -1,14 +1,15 @@
 #include "core/searchgen.h"
 
+#include "core/fastgen.h"
 #include "core/movegen.h"
 #include "core/movegen_walk.h"
 
 namespace qv {
 
-void GenerateShort(Game& g, int includeQuiet) { MoveWalk<FastRules<1>>(g).Run(includeQuiet); }
-void GenerateShortMaxCap(Game& g, int includeQuiet) { MoveWalk<FastRules<2>>(g).Run(includeQuiet); }
-void GenerateLongMaxCap(Game& g, int includeQuiet) { MoveWalk<FastRules<3>>(g).Run(includeQuiet); }
-void GenerateLongCrown(Game& g, int includeQuiet) { MoveWalk<FastRules<4>>(g).Run(includeQuiet); }
+void GenerateShort(Game& g, int includeQuiet) { FastGenerate<1>(g, includeQuiet, false); }
+void GenerateShortMaxCap(Game& g, int includeQuiet) { FastGenerate<2>(g, includeQuiet, false); }
+void GenerateLongMaxCap(Game& g, int includeQuiet) { FastGenerate<3>(g, includeQuiet, false); }
+void GenerateLongCrown(Game& g, int includeQuiet) { FastGenerate<4>(g, includeQuiet, false); }
 
 void GenerateSearchMoves(Game& g, int includeQuiet) {
   switch (g.Flags.SearchFlavour) {
@@ -22,10 +23,10 @@ void GenerateSearchMoves(Game& g, int includeQuiet) {
 
 void GenerateSearchLegalMoves(Game& g) {
   switch (g.Flags.SearchFlavour) {
-    case 1: MoveWalk<FastRules<1>>(g).RunCapturesThenQuiet(); break;
-    case 2: MoveWalk<FastRules<2>>(g).RunCapturesThenQuiet(); break;
-    case 3: MoveWalk<FastRules<3>>(g).RunCapturesThenQuiet(); break;
-    case 4: MoveWalk<FastRules<4>>(g).RunCapturesThenQuiet(); break;
+    case 1: FastGenerate<1>(g, 0, true); break;
+    case 2: FastGenerate<2>(g, 0, true); break;
+    case 3: FastGenerate<3>(g, 0, true); break;
+    case 4: FastGenerate<4>(g, 0, true); break;
     default: GenerateLegalMoves(g); break;
   }
 }

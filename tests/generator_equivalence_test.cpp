@@ -3,8 +3,11 @@
 // order, with the same fields.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
+#include <string>
 
+#include "core/movegen_walk.h"
 #include "core/rule_policies.h"
 #include "core/searchgen.h"
 #include "position_helpers.h"
@@ -72,6 +75,126 @@ TEST_P(FastGenerator, MatchesTheGeneralGeneratorOnRandomGames) {
   }
   EXPECT_GT(compared, 6000);
   EXPECT_GT(captures, 600);
+}
+
+// The fast generators on masks against the walk with the same rules fixed,
+// on random positions full of kings and long capture lines, at random plies
+// with main-line, killer and recapture keys taken from the moves themselves,
+// and with the move stack nearly full.
+namespace {
+
+struct Generated {
+  std::vector<MoveRecord> moves;
+  int moveTop = 0;
+  int plyEnd = 0;
+  int stop = 0;
+  BoardCells board;
+};
+
+// Runs `generate` on a copy of the stack state and returns what it left.
+template <class F>
+Generated RunOn(Game& g, F&& generate) {
+  g.StopRequest = 0;
+  generate();
+  Generated r;
+  r.moveTop = g.MoveTop;
+  r.plyEnd = g.PlyBase[g.Ply + 1];
+  r.stop = g.StopRequest;
+  r.board = g.Board;
+  for (int i = g.PlyBase[g.Ply]; i <= std::min(g.MoveTop, MoveStackSize - 1); ++i) r.moves.push_back(g.MoveStack[i]);
+  return r;
+}
+
+void ExpectSame(const Generated& fast, const Generated& walk, const std::string& where) {
+  ASSERT_EQ(fast.moveTop, walk.moveTop) << where;
+  ASSERT_EQ(fast.plyEnd, walk.plyEnd) << where;
+  ASSERT_EQ(fast.stop, walk.stop) << where;
+  ASSERT_TRUE(fast.board == walk.board) << where;
+  ASSERT_EQ(fast.moves.size(), walk.moves.size()) << where;
+  // The entry at MoveTop is compared too: a full stack writes it.
+  for (std::size_t i = 0; i < walk.moves.size(); ++i)
+    ASSERT_TRUE(SameMove(fast.moves[i], walk.moves[i])) << where << " index " << i;
+}
+
+// Pieces on the playing squares, some of them kings, none on its own
+// crowning row as a man.
+void RandomPosition(Game& g, double fill, double kings) {
+  for (int cell = 21; cell <= 98; ++cell) {
+    if (IsFrameCell(cell)) continue;
+    g.Board[cell] = 0;
+    if (!SquareIsDark(cell, g.RuleSet.PiecesOnBlack) || g.Rnd() >= fill) continue;
+    const int side = g.Rnd() < 0.5 ? 1 : -1;
+    const bool king = g.Rnd() < kings;
+    if (!king && IsPromoSquare(g.RuleSet.PromoSquares, side == 1 ? 0 : 1, cell)) continue;
+    g.Board[cell] = side * (king ? 2 : 1);
+  }
+  g.SideToMove = g.Rnd() < 0.5 ? 1 : -1;
+}
+
+template <int Flavour>
+void CompareOnRandomPositions(int positions, int& captures) {
+  auto g = testing::NewTestGame(static_cast<unsigned>(40 + Flavour));
+  testing::ApplyRules(*g, testing::FastRuleSet(Flavour));
+  ASSERT_EQ(g->Flags.SearchFlavour, Flavour);
+  const auto searchGenerator = [&](int includeQuiet) {
+    if (Flavour == 1) GenerateShort(*g, includeQuiet);
+    else if (Flavour == 2) GenerateShortMaxCap(*g, includeQuiet);
+    else if (Flavour == 3) GenerateLongMaxCap(*g, includeQuiet);
+    else GenerateLongCrown(*g, includeQuiet);
+  };
+  for (int n = 0; n < positions; ++n) {
+    RandomPosition(*g, 0.15 + 0.6 * g->Rnd(), g->Rnd() < 0.3 ? 0.0 : g->Rnd());
+    g->Ply = static_cast<int>(g->Rnd() * 4);
+    g->PlyBase[g->Ply] = g->Rnd() < 0.05 ? MoveStackSize - 6 : static_cast<int>(g->Rnd() * 50);
+    g->PVTable[0][g->Ply] = PVEntry{};
+    g->KillerTable[g->Ply][0] = g->KillerTable[g->Ply][1] = MoveKey{};
+    if (g->Ply > 0) g->PrevToSquare[g->Ply - 1] = 0;
+    // A first run gives the moves that the ordering keys are taken from.
+    const Generated plain = RunOn(*g, [&] { MoveWalk<FastRules<Flavour>>(*g).RunCapturesThenQuiet(); });
+    if (!plain.moves.empty() && plain.moveTop > g->PlyBase[g->Ply]) {
+      const int count = plain.moveTop - g->PlyBase[g->Ply];
+      const auto pick = [&] { return plain.moves[static_cast<std::size_t>(g->Rnd() * count)]; };
+      const MoveRecord a = pick(), b = pick(), c = pick();
+      g->PVTable[0][g->Ply] = PVEntry{0, a.FromSquare, a.ToSquare};
+      g->KillerTable[g->Ply][0] = MoveKey{b.FromSquare, b.ToSquare};
+      g->KillerTable[g->Ply][1] = MoveKey{c.FromSquare, c.ToSquare};
+      if (g->Ply > 0) g->PrevToSquare[g->Ply - 1] = pick().ToSquare;
+      if (plain.moves[0].IsCapture()) ++captures;
+    }
+    const std::string where = "flavour " + std::to_string(Flavour) + " position " + std::to_string(n) + " " +
+                              BoardSetupText(g->Board) + " side " + std::to_string(g->SideToMove);
+    ExpectSame(RunOn(*g, [&] { GenerateSearchLegalMoves(*g); }),
+               RunOn(*g, [&] { MoveWalk<FastRules<Flavour>>(*g).RunCapturesThenQuiet(); }), where + " two-step");
+    for (int includeQuiet : {-2, 0, 1})
+      ExpectSame(RunOn(*g, [&] { searchGenerator(includeQuiet); }),
+                 RunOn(*g, [&] { MoveWalk<FastRules<Flavour>>(*g).Run(includeQuiet); }),
+                 where + " includeQuiet " + std::to_string(includeQuiet));
+    // Every move made and taken back leaves the position as it was (a full
+    // stack stops the search instead, its last entry overwritten).
+    g->StopRequest = 0;
+    GenerateSearchLegalMoves(*g);
+    if (g->StopRequest != 0) continue;
+    const BoardCells before = g->Board;
+    const int side = g->SideToMove, ply = g->Ply, halfMoves = g->HalfMoveCount;
+    for (int i = g->PlyBase[ply]; i < g->PlyBase[ply + 1]; ++i) {
+      MakeSearchMove(*g, i);
+      UndoSearchMove(*g, i);
+      ASSERT_TRUE(g->Board == before && g->SideToMove == side && g->Ply == ply && g->HalfMoveCount == halfMoves)
+          << where << " move " << i;
+    }
+    if (::testing::Test::HasFailure()) return;  // one position tells enough
+  }
+}
+
+}  // namespace
+
+TEST(FastGenerator, MasksMatchTheFixedRuleWalkOnRandomPositions) {
+  int captures[4] = {};
+  CompareOnRandomPositions<1>(6000, captures[0]);
+  CompareOnRandomPositions<2>(6000, captures[1]);
+  CompareOnRandomPositions<3>(6000, captures[2]);
+  CompareOnRandomPositions<4>(6000, captures[3]);
+  for (int c : captures) EXPECT_GT(c, 1500);
 }
 
 // The direction rows and promotion squares a fast generator has built in are
