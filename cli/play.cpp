@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <ostream>
 
 #include "cli/cli.h"
@@ -37,8 +38,9 @@ int RunPlay(CliContext& context) {
   g.Settings.StrengthHandicap = o.handicap.value_or(0);
   g.Settings.OpeningBook = 0;
   g.Settings.PlayMode = 2;
-  const int maxMoves = o.maxMoves.value_or(400);
   const int firstHalfMove = g.HalfMoveCount;
+  // The game record holds 1000 half-moves.
+  const int maxMoves = std::min(o.maxMoves.value_or(400), RecordSize - 1 - firstHalfMove);
   CliDriverUi ui(context.out);
   std::string movetext;
   while (g.GameOver == 0 && g.HalfMoveCount - firstHalfMove < maxMoves) {

@@ -32,6 +32,9 @@ void PrepareGame(CliContext& context) {
     while (words >> word) {
       // Move numbers such as "1." may stand between the moves.
       if (word.back() == '.') continue;
+      if (g.HalfMoveCount >= RecordSize - 1)
+        throw UsageError{"too many moves in --moves: a game holds at most " + std::to_string(RecordSize - 1) +
+                         " half-moves"};
       if (FindMove(g, ParseMoveText(ToUpper(word), g.CaptureChar)) == 0) throw IllegalMove{word};
     }
     CommitRootPly(g);

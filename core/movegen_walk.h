@@ -82,8 +82,8 @@ class MoveWalk {
   }
 
   std::string FatalText() const {
-    std::string text = "X=" + std::to_string(w.Depth) + "   K=" + std::to_string(w.CandCount) +
-                       "\n\nFatal Error! Quorvanis will exit.\n";
+    std::string text = "X=" + std::to_string(w.Depth) + "   K=" + std::to_string(w.CandCount) + "\n\n" +
+                       FatalErrorText + "\n";
     if (R::RemovePieces(g) == 0)
       text += "\nTry to check 'Remove captured pieces after move'\nin the Variants dialog box.\n";
     return text;
@@ -337,22 +337,29 @@ class MoveWalk {
     if (pob < 2 && !dark) return;
     if (pob == 2 && !dark && g.Flags.AllOrthogonal == 0 && g.Board[w.SharedCounter] == 0) return;
     if (g.Board[cell] != 0) return;
+    // The rows come from the variant file as they stand: arithmetic that
+    // overflows, or a cell off the board, is the generator's fatal error.
     if (side == 1) {
       const int row = R::ContractW1(g);
-      if (g.ContractLeftWhite >= 1 && cell > row * 10 && cell < row * 10 + 9 &&
-          g.Board[cell + std::abs(row - R::ContractW2(g)) * 10] == 0) {
+      if (g.ContractLeftWhite >= 1 && InDropRow(row) &&
+          g.Board[CheckedAdd(cell, RowsApart(row, R::ContractW2(g)))] == 0) {
         PushQuiet(g, order, DropSource, cell);
         found = R::Probe;
       }
     } else {
       const int row = R::ContractB1(g);
-      if (g.ContractLeftBlack >= 1 && cell > row * 10 && cell < row * 10 + 9 &&
-          g.Board[cell - std::abs(row - R::ContractB2(g)) * 10] == 0) {
+      if (g.ContractLeftBlack >= 1 && InDropRow(row) &&
+          g.Board[CheckedSub(cell, RowsApart(row, R::ContractB2(g)))] == 0) {
         PushQuiet(g, order, DropSource, cell);
         found = R::Probe;
       }
     }
   }
+  bool InDropRow(int row) const {
+    const int first = CheckedMul(row, 10);
+    return cell > first && cell < CheckedAdd(first, 9);
+  }
+  static int RowsApart(int a, int b) { return CheckedMul(CheckedAbs(CheckedSub(a, b)), 10); }
 
   // landing is a cell with a piece on it plus at most 20 cells, inside the frame.
   bool Capturable(int landing, int target) const {
