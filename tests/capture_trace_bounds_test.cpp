@@ -99,13 +99,13 @@ TEST(CaptureTrace, ASlidingManCrownedInPassingIsPutBackWhole) {
 // hop of a black king may end in the fatal error.
 TEST(CaptureTrace, RandomRulesAndPositionsLeaveTheBoardAsItWas) {
   int positions = 0, captures = 0;
-  for (int round = 0; round < 150; ++round) {
+  for (int round = 0; round < 300; ++round) {
     auto g = std::make_unique<Game>();
     g->DataFolder = QUORVANIS_TEST_DATA;
     ASSERT_NO_THROW(testing::StartRandomRules(*g, 7000 + static_cast<std::uint64_t>(round)));
     std::mt19937 rng(static_cast<std::mt19937::result_type>(round));
     const int pob = g->RuleSet.PiecesOnBlack;
-    for (int position = 0; position < 20; ++position) {
+    for (int position = 0; position < 30; ++position) {
       const int density = 2 + static_cast<int>(rng() % 6);
       for (int cell = 21; cell <= 98; ++cell) {
         if (IsFrameCell(cell)) continue;

@@ -17,7 +17,7 @@ namespace {
 // QUORVANIS_SOAK_RULE_SETS=1000 measures more rule sets than the suite plays.
 int RuleSetCount() {
   const char* text = std::getenv("QUORVANIS_SOAK_RULE_SETS");
-  return text ? std::max(1, std::atoi(text)) : 200;
+  return text ? std::max(1, std::atoi(text)) : 300;
 }
 
 }  // namespace
@@ -29,7 +29,7 @@ TEST(RandomRulesSoak, SelfPlayStaysOnTheBoardAndEndsFatallyOnlyAtTableLimits) {
     auto g = std::make_unique<Game>();
     g->DataFolder = QUORVANIS_TEST_DATA;
     const std::filesystem::path dataFolder = g->DataFolder;
-    const testing::SelfPlayEnd end = testing::PlayRandomRules(*g, 20261123 + static_cast<std::uint64_t>(round), 16);
+    const testing::SelfPlayEnd end = testing::PlayRandomRules(*g, 20261123 + static_cast<std::uint64_t>(round), 24);
     halfMoves += end.halfMoves;
     EXPECT_TRUE(end.boardIntact) << "rule set " << round;
     EXPECT_EQ(g->DataFolder, dataFolder) << "rule set " << round;
