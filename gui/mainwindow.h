@@ -54,6 +54,8 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void StartEngineJob(const Game& g, EngineJob job) override;
   void StopEngineJob() override;
   bool ShowVariantsDialog() override;
+  bool LoadSkinPicture(ImageRole role, const std::filesystem::path& file) override;
+  void ShowOptionsDialog() override;
 
   // A fatal error: stops the worker, shows the program's words in the box,
   // then closes the window by the normal way out and ends the program.
@@ -98,7 +100,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   bool closePending_ = false;
   bool ending_ = false;  // a fatal error is closing the window
   bool syncing_ = false;
-  int shownSkin_ = -1;
+  int playerRating_ = 1200;
 };
 
 }  // namespace qv::gui

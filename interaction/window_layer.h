@@ -51,6 +51,12 @@ class WindowLayer {
   // The rules dialog of "New Variant..."; it may change RuleSet. Windows
   // without it leave the rules as they are.
   virtual bool ShowVariantsDialog() { return false; }
+  // Loads a skin's picture into the role's slot of the skin's picture set;
+  // false when the file is missing or is not a picture.
+  virtual bool LoadSkinPicture(ImageRole /*role*/, const std::filesystem::path& /*file*/) { return false; }
+  // The Options dialog, modal, on the settings of the game: OK and Apply store
+  // its controls into them.
+  virtual void ShowOptionsDialog() {}
 };
 
 }  // namespace qv
