@@ -14,6 +14,10 @@ std::string NeedValue(int& i, int argc, char** argv) {
   return argv[++i];
 }
 
+// The search keeps 41 plies of tables; the Options dialog's clock goes to 180 seconds.
+constexpr int MaxDepth = 39;
+constexpr int MaxSeconds = 180;
+
 long long WholeNumber(const std::string& option, const std::string& text, long long low, long long high) {
   char* end = nullptr;
   errno = 0;
@@ -83,12 +87,21 @@ CliOptions ParseOptions(int argc, char** argv) {
     else if (arg == "--divide") o.divide = true;
     else if (arg == "--general") o.general = true;
     else if (arg == "--no-book") o.noBook = true;
-    else if (arg == "--depth") o.depth = static_cast<int>(WholeNumber(arg, NeedValue(i, argc, argv), 1, 39));
-    else if (arg == "--time") {
+    else if (arg == "--depth") {
+      const std::string text = NeedValue(i, argc, argv);
+      try {
+        o.depth = static_cast<int>(WholeNumber(arg, text, 1, MaxDepth));
+      } catch (const UsageError&) {
+        throw UsageError{"bad value '" + text + "' for --depth: give a whole number of plies from 1 to " +
+                         std::to_string(MaxDepth)};
+      }
+    } else if (arg == "--time") {
       const std::string text = NeedValue(i, argc, argv);
       char* end = nullptr;
       const double seconds = std::strtod(text.c_str(), &end);
-      if (text.empty() || *end != '\0' || !(seconds > 0)) throw UsageError{"bad value '" + text + "' for --time"};
+      if (text.empty() || *end != '\0' || !(seconds > 0 && seconds <= MaxSeconds))
+        throw UsageError{"bad value '" + text + "' for --time: give seconds above 0, at most " +
+                         std::to_string(MaxSeconds)};
       o.time = seconds;
     } else if (arg == "--handicap") o.handicap = static_cast<int>(WholeNumber(arg, NeedValue(i, argc, argv), 0, 100));
     else if (arg == "--sort") o.sort = NeedValue(i, argc, argv);

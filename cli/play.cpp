@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <ostream>
 
 #include "cli/cli.h"
@@ -39,8 +40,9 @@ int RunPlay(CliContext& context) {
   g.Settings.StrengthHandicap = o.handicap.value_or(0);
   g.Settings.OpeningBook = o.noBook ? 0 : 1;
   g.Settings.PlayMode = 2;
-  const int maxMoves = o.maxMoves.value_or(400);
   const int firstHalfMove = g.HalfMoveCount;
+  // The game record holds 1000 half-moves.
+  const int maxMoves = std::min(o.maxMoves.value_or(400), RecordSize - 1 - firstHalfMove);
   CliDriverUi ui(context.out);
   std::string movetext;
   std::string opening;  // the last name the book gave the game

@@ -38,6 +38,9 @@ void PrepareGame(CliContext& context) {
     while (words >> word) {
       // Move numbers such as "1." may stand between the moves.
       if (word.back() == '.') continue;
+      if (g.HalfMoveCount >= RecordSize - 1)
+        throw UsageError{"too many moves in --moves: a game holds at most " + std::to_string(RecordSize - 1) +
+                         " half-moves"};
       // Each enters the record as a played move: repetitions and the move limit count it.
       if (PlayRecordedMove(g, word) != ReplayStatus::Played) throw IllegalMove{word};
     }

@@ -10,6 +10,11 @@
 
 namespace qv {
 
+// The words of a fatal error: in the game core, and in starting a game with
+// rules it cannot apply.
+inline constexpr const char* FatalErrorText = "Fatal Error! Quorvanis will exit.";
+inline constexpr const char* StartUpErrorText = "Error found! Quorvanis will exit";
+
 struct FatalError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
@@ -22,7 +27,12 @@ struct RangeError : FatalError {
 
 [[noreturn]] void RaiseRangeError(long index, long size);
 
-// Adds two scores; a result outside 32 bits is the fatal overflow path.
+// Arithmetic on scores and on numbers that come from files or the user: a
+// result outside 32 bits is the fatal overflow path. It is raised as a
+// RangeError, so that a routine with a fatal message of its own shows that.
 int CheckedAdd(int a, int b);
+int CheckedSub(int a, int b);
+int CheckedMul(int a, int b);
+int CheckedAbs(int a);
 
 }  // namespace qv

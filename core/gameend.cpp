@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "core/fatal.h"
 #include "core/makemove.h"
 #include "core/movegen.h"
 #include "core/text.h"
@@ -9,6 +10,20 @@
 #include "engine/evaluate.h"
 
 namespace qv {
+
+namespace {
+
+// How many half-moves an ending of kings alone may last: twice the rule's
+// number of moves. A number too large to double is a fatal error.
+int KingsOnlyLimit(int moves) {
+  try {
+    return CheckedMul(2, moves);
+  } catch (const RangeError&) {
+    throw FatalError(FatalErrorText);
+  }
+}
+
+}  // namespace
 
 void UpdateDrawReason(Game& g) {
   if (g.DrawReason == 4) return;  // three kings against one, once reached, stands
@@ -45,7 +60,7 @@ void UpdateDrawReason(Game& g) {
     if (!man && either(6, 2)) {
       if (g.RuleSet.ThreeKings == 1) {
         const int d = g.HalfMoveCount - g.ThreeKingsSince + 2;
-        if (d > 2 * g.RuleSet.NumberKings && g.ThreeKingsSince > 0) g.DrawReason = 4;
+        if (d > KingsOnlyLimit(g.RuleSet.NumberKings) && g.ThreeKingsSince > 0) g.DrawReason = 4;
         if (g.ThreeKingsSince == 0) g.ThreeKingsSince = g.HalfMoveCount;
       }
     } else {
@@ -58,7 +73,7 @@ void UpdateDrawReason(Game& g) {
   }
   if (g.RuleSet.TwoKings != 1) return;
   const int d = g.HalfMoveCount - g.TwoKingsSince + 2;
-  if (d > 2 * g.RuleSet.NumberKings2 && g.TwoKingsSince > 0) g.DrawReason = 5;
+  if (d > KingsOnlyLimit(g.RuleSet.NumberKings2) && g.TwoKingsSince > 0) g.DrawReason = 5;
   if (g.TwoKingsSince == 0) g.TwoKingsSince = g.HalfMoveCount;
 }
 

@@ -65,6 +65,12 @@ struct GeneratorWork {
   Table<int, TraceDepths> LandStep;
   Table<int, TraceDepths> JumpDist;
   Table<int, TraceDepths> StepOffset;
+  // Where the jump made at each depth started and which cell it jumped: the
+  // take-back puts the piece and the jumped piece back from these, so that
+  // the board comes out as it went in whatever the piece did on the way
+  // (crowned in passing, stopped on the crowning row, jumped from afar).
+  Table<int, TraceDepths> JumpFrom;
+  Table<int, TraceDepths> JumpOver;
   int Here = 0;
   PathText Path;
   PathText LastPath;

@@ -71,6 +71,7 @@ class MoveWalk {
   int piece = 0;     // its value now (a man crowned in the line becomes a king)
   int kind = 0;
   int slide = 0;      // 1 while the piece moves and jumps as a long king; read through Slide()
+  int slideBeforeCrown = 0;  // what slide was before the man was crowned in the line
   bool found = false;  // probe: a move exists (never set otherwise)
 
   // Always 0 where the rules never let a piece slide, so that the compiler
@@ -81,8 +82,8 @@ class MoveWalk {
   }
 
   std::string FatalText() const {
-    std::string text = "X=" + std::to_string(w.Depth) + "   K=" + std::to_string(w.CandCount) +
-                       "\n\nFatal Error! Quorvanis will exit.\n";
+    std::string text = "X=" + std::to_string(w.Depth) + "   K=" + std::to_string(w.CandCount) + "\n\n" +
+                       FatalErrorText + "\n";
     if (R::RemovePieces(g) == 0)
       text += "\nTry to check 'Remove captured pieces after move'\nin the Variants dialog box.\n";
     return text;
@@ -336,22 +337,29 @@ class MoveWalk {
     if (pob < 2 && !dark) return;
     if (pob == 2 && !dark && g.Flags.AllOrthogonal == 0 && g.Board[w.SharedCounter] == 0) return;
     if (g.Board[cell] != 0) return;
+    // The rows come from the variant file as they stand: arithmetic that
+    // overflows, or a cell off the board, is the generator's fatal error.
     if (side == 1) {
       const int row = R::ContractW1(g);
-      if (g.ContractLeftWhite >= 1 && cell > row * 10 && cell < row * 10 + 9 &&
-          g.Board[cell + std::abs(row - R::ContractW2(g)) * 10] == 0) {
+      if (g.ContractLeftWhite >= 1 && InDropRow(row) &&
+          g.Board[CheckedAdd(cell, RowsApart(row, R::ContractW2(g)))] == 0) {
         PushQuiet(g, order, DropSource, cell);
         found = R::Probe;
       }
     } else {
       const int row = R::ContractB1(g);
-      if (g.ContractLeftBlack >= 1 && cell > row * 10 && cell < row * 10 + 9 &&
-          g.Board[cell - std::abs(row - R::ContractB2(g)) * 10] == 0) {
+      if (g.ContractLeftBlack >= 1 && InDropRow(row) &&
+          g.Board[CheckedSub(cell, RowsApart(row, R::ContractB2(g)))] == 0) {
         PushQuiet(g, order, DropSource, cell);
         found = R::Probe;
       }
     }
   }
+  bool InDropRow(int row) const {
+    const int first = CheckedMul(row, 10);
+    return cell > first && cell < CheckedAdd(first, 9);
+  }
+  static int RowsApart(int a, int b) { return CheckedMul(CheckedAbs(CheckedSub(a, b)), 10); }
 
   // landing is a cell with a piece on it plus at most 20 cells, inside the frame.
   bool Capturable(int landing, int target) const {
@@ -369,34 +377,32 @@ class MoveWalk {
 
   int ManKindOfSide() const { return side == 1 ? KindWhiteMan : KindBlackMan; }
 
+  // The man crowned in passing by the jump being taken back is a man again,
+  // moving as it did before.
+  void UncrownMan() {
+    w.Crowned = 0;
+    piece = side;
+    kind = ManKindOfSide();
+    slide = slideBeforeCrown;
+  }
+
   // Takes back the jump made at the current depth (the piece stands on Here):
   // the piece leaves its landing, the jumped piece is unmarked, and Here goes
-  // back to where the jump started.
+  // back to where the jump started. The cells come from the jump itself, not
+  // from the distances the piece moves by now: a man crowned in passing jumped
+  // as a man, and a landing counted from a LandStep left over by another line
+  // lies elsewhere than the piece's own steps say.
   void TakeBackJump(bool withCrownTests) {
     w.Path.DropLast();
     g.Board.Cells[w.Here] = 0;
     if (withCrownTests && w.Crowned == 1) {
       w.Arrived = 0;
       if (w.Here == w.CrownCell && w.Depth == w.CrownDepth && piece == 2 * side) w.Arrived = side;
-      if (w.Arrived != 0) {
-        piece = w.Arrived;
-        kind = ManKindOfSide();
-        slide = 0;
-      }
+      if (w.Arrived != 0) UncrownMan();
     }
-    const int step = w.StepOffset.Cells[w.Depth];
-    if (Slide() == 0 || R::KingFirst(g) == 1) w.Here -= step;
-    else w.Here -= w.LandStep.Cells[w.Depth] * step;
-    g.Board.Cells[w.Here] += 10;
+    g.Board.Cells[w.JumpOver.Cells[w.Depth]] += 10;
     w.Returned = 1;
-    if (Slide() == 1) w.Here -= w.JumpDist.Cells[w.Depth] * step;
-    else w.Here -= step;
-    if (withCrownTests && w.Crowned == 1 && w.Arrived != 0) {
-      w.Crowned = 0;
-      g.Board.Cells[w.Here] = side;
-      piece = side;
-      kind = ManKindOfSide();
-    }
+    w.Here = w.JumpFrom.Cells[w.Depth];
   }
 
   // The tables by depth are read unchecked: Depth is checked when a level is
@@ -454,7 +460,18 @@ class MoveWalk {
         goto NextDirection;
       }
     }
-    landing = (Slide() == 0 || R::KingFirst(g) == 1) ? w.Here + d : w.Here + w.LandStep.Cells[w.Depth] * d;
+    if (Slide() == 0 || R::KingFirst(g) == 1) {
+      landing = w.Here + d;
+    } else {
+      landing = w.Here + w.LandStep.Cells[w.Depth] * d;
+      // A LandStep left over from a man's line can reach past the frame: the
+      // frame ends the direction there as it does everywhere else.
+      if (static_cast<unsigned>(landing) >= static_cast<unsigned>(BoardCells::size())) {
+        w.LandStep.Cells[w.Depth] = 0;
+        w.Here = origin;
+        goto NextDirection;
+      }
+    }
     if (!Capturable(landing, g.Board.Cells[w.Here])) {
       if (Slide() == 0 || R::KingFirst(g) == 1) {
         w.Here = origin;
@@ -478,6 +495,8 @@ class MoveWalk {
     }
     w.Returned = 0;
     w.StepOffset.Cells[w.Depth] = d;
+    w.JumpFrom.Cells[w.Depth] = origin;
+    w.JumpOver.Cells[w.Depth] = w.Here;
     w.Path.Append(std::abs(g.Board.Cells[w.Here]), w.Here);
     w.TracePeak = std::max(w.TracePeak, w.Path.Length);
     g.Board.Cells[w.Here] -= 10;
@@ -490,6 +509,7 @@ class MoveWalk {
       w.Crowned = 1;
       w.CrownCell = w.Here;
       w.CrownDepth = w.Depth;
+      slideBeforeCrown = slide;
       piece = 2 * side;
       g.Board.Cells[w.Here] = piece;
       kind = side == 1 ? KindWhiteKing : KindBlackKing;
@@ -497,12 +517,16 @@ class MoveWalk {
     }
     if (R::ManContJump(g) != 0 || w.Arrived != 1) goto EnterLevel;
 
-    // The man stops on the promotion square and is crowned.
+    // The man stops on the promotion square and is crowned. Taking the jump
+    // back also takes back a crowning it made, and a jumper tries its next
+    // landing only where the landing moves on with LandStep: otherwise it
+    // would find the same jump again and again.
     RecordLine(true);
     w.LastPath = w.Path;
     TakeBackJump(false);
+    if (w.Crowned == 1 && w.CrownDepth == w.Depth) UncrownMan();
     g.Board.Cells[w.Here] = piece;
-    if (Slide() == 1) goto TryDirection;
+    if (Slide() == 1 && R::KingFirst(g) == 0) goto TryDirection;
     goto NextDirection;
   }
 

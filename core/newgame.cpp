@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "core/fatal.h"
 #include "core/movegen.h"
 #include "engine/promotion_tables.h"
 #include "files/variantfile.h"
@@ -65,10 +66,25 @@ void ResetGameState(Game& g) {
 
 int SizeOf(int step) { return std::abs(step); }
 
+// The sample cell of an empty board lies before the first cell: a set-up
+// without a single piece cannot start.
+void AlignPiecesWithRules(Game& g) {
+  try {
+    AlignBoardColour(g.Board, g.RuleSet.PiecesOnBlack);
+  } catch (const RangeError&) {
+    throw FatalError(StartUpErrorText);
+  }
+}
+
 }  // namespace
 
 void BuildDirTable(Game& g) {
-  for (int kind = 0; kind < 4; ++kind) ParseDirections(g.RuleSet.DirText[kind], kind, g.DirTable);
+  // A list of nine directions leaves no room for the end mark.
+  try {
+    for (int kind = 0; kind < 4; ++kind) ParseDirections(g.RuleSet.DirText[kind], kind, g.DirTable);
+  } catch (const RangeError&) {
+    throw FatalError(StartUpErrorText);
+  }
 }
 
 void ScanDirections(Game& g) {
@@ -230,7 +246,7 @@ void ApplyRulesToNewGame(Game& g) {
   ScanDirections(g);
   ScanDirectionKinds(g);
   if (g.RuleSet.PiecesOnBlack == 2) g.Settings.NotationKind = 0;
-  else AlignBoardColour(g.Board, g.RuleSet.PiecesOnBlack);
+  else AlignPiecesWithRules(g);
   if (g.RuleSet.RndColor == 1) {
     const int bit = static_cast<int>(g.Rnd() * 2);
     g.RuleSet.BlackStarts = bit;

@@ -56,6 +56,11 @@ TEST(CliOptions, BadInputNamesTheValueAndExitsWithTwo) {
       {"--notation roman show", "roman"},
       {"--seed many show", "many"},
       {"dance", "dance"},
+      {"play --time inf", "'inf' for --time: give seconds above 0, at most 180"},
+      {"play --time 1e300", "'1e300' for --time"},
+      {"play --time 0", "'0' for --time"},
+      {"play --depth 40", "'40' for --depth: give a whole number of plies from 1 to 39"},
+      {"play --depth 0", "'0' for --depth"},
       {"", "no command"},
   };
   for (const Case& c : cases) {
@@ -82,6 +87,18 @@ TEST(CliMoves, AnIllegalMoveStopsWithItsText) {
   const RunResult r = RunCli("--moves \"f6-g5 c3-d5\" show");
   EXPECT_EQ(r.status, 1);
   EXPECT_EQ(r.output, "c3-d5: Illegal move!\n");
+}
+
+TEST(CliMoves, MoreMovesThanTheRecordHoldsAreRefused) {
+  std::string moves;
+  for (int i = 0; i < 250; ++i) moves += "a1-b2 h8-g7 b2-a1 g7-h8 ";
+  const std::string setup = "--setup 3000000000000000000000000000000000000000000000000000000000000004 --side white ";
+  RunResult r = RunCli(setup + "--moves \"" + moves + "\" show");
+  EXPECT_EQ(r.status, 0) << r.output;
+  r = RunCli(setup + "--moves \"" + moves + "a1-b2\" show");
+  EXPECT_EQ(r.status, 2);
+  EXPECT_EQ(r.output.substr(0, r.output.find('\n')),
+            "quorvanis-cli: too many moves in --moves: a game holds at most 1000 half-moves");
 }
 
 TEST(CliPerft, CountsAndDividesWithEitherGenerator) {
