@@ -23,6 +23,7 @@ struct CliOptions {
   bool divide = false;
   bool general = false;
   bool noBook = false;
+  bool stats = false;  // play: nodes and nodes per second to stderr
   std::optional<int> depth;
   std::optional<double> time;
   std::optional<int> handicap;

@@ -45,7 +45,7 @@ std::string UsageText() {
          "  moves [--json]          list the legal moves in generation order\n"
          "  perft N [--divide] [--general]\n"
          "                          count the leaves of the move tree to depth N\n"
-         "  play [--depth N | --time S] [--handicap H] [--max-moves N] [--no-book]\n"
+         "  play [--depth N | --time S] [--handicap H] [--max-moves N] [--no-book] [--stats]\n"
          "                          the computer plays both sides to the end of the game\n"
          "                          (from the opening book while it knows the game)\n"
          "       [--save FILE]      and writes the game to FILE (.qvn)\n"
@@ -87,6 +87,7 @@ CliOptions ParseOptions(int argc, char** argv) {
     else if (arg == "--divide") o.divide = true;
     else if (arg == "--general") o.general = true;
     else if (arg == "--no-book") o.noBook = true;
+    else if (arg == "--stats") o.stats = true;
     else if (arg == "--depth") {
       const std::string text = NeedValue(i, argc, argv);
       try {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <chrono>
 #include <ostream>
 
 #include "cli/cli.h"
@@ -28,6 +29,35 @@ class CliDriverUi : public DriverUi {
   std::ostream& out_;
 };
 
+// --stats: the nodes each turn searched and how fast, and the whole game's.
+class SearchStats {
+ public:
+  void StartTurn(const Game& g) {
+    nodesBefore_ = g.NodeCount;
+    start_ = std::chrono::steady_clock::now();
+  }
+  void EndTurn(const Game& g, const std::string& move, std::ostream& err) {
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+    const long long nodes = g.NodeCount - nodesBefore_;
+    totalNodes_ += nodes;
+    totalSeconds_ += seconds;
+    err << "stats " << (move.empty() ? "-" : move) << "  nodes " << nodes << "  time " << seconds << " s  "
+        << PerSecond(nodes, seconds) << " nodes/s\n";
+  }
+  void Total(std::ostream& err) const {
+    err << "stats total  nodes " << totalNodes_ << "  time " << totalSeconds_ << " s  "
+        << PerSecond(totalNodes_, totalSeconds_) << " nodes/s\n";
+  }
+
+ private:
+  static long long PerSecond(long long nodes, double seconds) {
+    return seconds > 0 ? static_cast<long long>(nodes / seconds) : 0;
+  }
+  long long nodesBefore_ = 0, totalNodes_ = 0;
+  double totalSeconds_ = 0;
+  std::chrono::steady_clock::time_point start_;
+};
+
 }  // namespace
 
 int RunPlay(CliContext& context) {
@@ -46,10 +76,13 @@ int RunPlay(CliContext& context) {
   CliDriverUi ui(context.out);
   std::string movetext;
   std::string opening;  // the last name the book gave the game
+  SearchStats stats;
   while (g.GameOver == 0 && g.HalfMoveCount - firstHalfMove < maxMoves) {
     const int number = g.HalfMoveCount / 2 + 1;
     const bool firstHalf = g.HalfMoveCount % 2 == 0;
+    stats.StartTurn(g);
     const TurnReport turn = ComputerMove(g, ui);
+    if (o.stats) stats.EndTurn(g, turn.move, context.err);
     if (!turn.moved) break;
     context.out << (firstHalf ? std::to_string(number) + ". " : std::to_string(number) + "... ") << turn.move;
     if (turn.fromBook) {
@@ -69,6 +102,7 @@ int RunPlay(CliContext& context) {
   if (!opening.empty()) context.out << "Opening: " << opening << '\n';
   context.out << movetext << (g.GameResult.empty() ? "*" : g.GameResult) << '\n';
   if (!ui.result.empty()) context.out << ui.result << '\n';
+  if (o.stats) stats.Total(context.err);
   // A game that the given or loaded moves ended says how it ended.
   else if (g.GameOver == 1 && !g.GameNote.empty()) context.out << g.GameNote << '\n';
   if (o.save) {
