@@ -10,6 +10,7 @@
 #include "core/board.h"
 #include "core/generator_work.h"
 #include "core/options.h"
+#include "core/pdntags.h"
 #include "core/random.h"
 #include "core/rules.h"
 #include "core/table.h"
@@ -205,6 +206,8 @@ struct Game {
 
   Options Settings;
   RandomSource Random;
+  // Event, site, date, players and result of the game as PDN names them.
+  PdnTags Tags;
 
   double Rnd() { return Random.Rnd(); }
   int NotationKind() const { return Settings.NotationKind; }
