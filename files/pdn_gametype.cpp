@@ -40,6 +40,16 @@ std::string_view Field(std::string_view value, int index) {
   return value.substr(0, value.find(','));
 }
 
+// The rules in force are those of the variant's file; the side that begins
+// and the position may differ.
+bool RulesAsInTheFile(const Game& g) {
+  const RuleRecord& a = g.RuleSet;
+  const RuleRecord& b = g.VariantDefinition;
+  for (const RuleField& field : RuleFields())
+    if (field.name != "BlackStarts" && field.name != "NumberFriends" && a.*field.member != b.*field.member) return false;
+  return a.PromoSquares == b.PromoSquares && a.DirText == b.DirText;
+}
+
 }  // namespace
 
 GameTypeValue ParseGameType(std::string_view value) {
@@ -58,7 +68,7 @@ std::string GameTypeVariant(std::string_view type) {
 
 std::string GameTypeLongForm(const Game& g, bool algebraic) {
   // Rules changed from the variant's file are no longer that variant.
-  if (g.VariantLabel.ends_with(" (M)")) return {};
+  if (!RulesAsInTheFile(g)) return {};
   for (const GameTypeEntry& entry : GameTypes) {
     if (entry.variant != g.VariantName) continue;
     std::string text(entry.type);
