@@ -240,3 +240,39 @@ TEST_F(PdnTest, OpenAsAndDefaultRules) {
 }
 
 }  // namespace qv
+
+namespace qv {
+
+// The shipped openings: every game replays with the rules of American Checkers.
+TEST_F(PdnTest, EveryShippedOpeningIsLegal) {
+  const PdnOpenResult open = OpenPdnFile(std::filesystem::path(QUORVANIS_TEST_DATA) / "opening.pdn", folder);
+  ASSERT_EQ(open.Status, PdnOpenStatus::Read) << open.Message;
+  ASSERT_GE(open.Collection.Games.size(), 25u);
+  PdnLoadChoice choice;
+  choice.Source = 1;
+  for (int n = 1; n <= static_cast<int>(open.Collection.Games.size()); ++n) {
+    auto g = NewTestGame();
+    ASSERT_TRUE(OpeningsApply(*g));
+    const PdnLoadResult r = LoadPdnGame(*g, open.Collection, n, choice);
+    const std::string name = open.Collection.Games[static_cast<std::size_t>(n - 1)].Tags.Event;
+    EXPECT_FALSE(name.empty());
+    EXPECT_EQ(r.Status, PdnLoadStatus::Loaded) << name << ": " << r.Message;
+    EXPECT_GE(r.Moves, 1) << name;
+    EXPECT_EQ(g->VariantName, "American Checkers");
+  }
+}
+
+TEST_F(PdnTest, OpeningsKeepTheRulesInForce) {
+  StartVariant(*game, "American Pool Checkers");
+  ASSERT_TRUE(OpeningsApply(*game));
+  PdnLoadChoice choice;
+  choice.Source = 1;
+  const PdnLoadResult r = LoadText("[Event \"Kelso\"]\n1. 10-15 *\n", 1, choice);
+  ASSERT_EQ(r.Status, PdnLoadStatus::Loaded) << r.Message;
+  EXPECT_EQ(game->VariantName, "American Pool Checkers");
+  EXPECT_EQ(game->HalfMoveCount, 1);
+  StartVariant(*game, "Italian Checkers");
+  EXPECT_FALSE(OpeningsApply(*game));
+}
+
+}  // namespace qv
