@@ -10,6 +10,7 @@
 #include "interaction/engine_calls.h"
 #include "interaction/mouse_entry.h"
 #include "interaction/movelist.h"
+#include "interaction/pdn_commands.h"
 #include "interaction/navigation.h"
 #include "interaction/newvariant.h"
 #include "interaction/record.h"
@@ -164,6 +165,7 @@ void StartUp(Session& s) {
   sc.ProductText = "Quorvanis 1.58";
   sc.StatusText = g.SideToMove == 1 ? "White moves" : "Black moves";
   RefreshBoard(s, 0);
+  ChooseOpeningIfAsked(s);
   sc.StrengthText = StrengthCaption(g.Settings);
   RemoveMenIfAsked(s);
   s.window.Changed(Part::All);
@@ -193,6 +195,7 @@ void NewGameCommand(Session& s, int askRules) {
   g.Record.ActivitySaved[0] = g.TotalMaterialStart;
   RefreshMoveChoices(s);
   sc.List3.clear();
+  ChooseOpeningIfAsked(s);
   RefreshBoard(s, 0);
   if (askRules == 0) RemoveMenIfAsked(s);
   if (g.Settings.UseSound == 1) s.window.PlaySound(g.DataFolder / "sounds" / "roll.wav");

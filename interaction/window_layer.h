@@ -10,6 +10,9 @@
 
 namespace qv {
 
+struct PdnChooserForm;
+struct PdnTags;
+
 enum class BoxIcon { None, Exclamation, Question, Warning, Information };
 
 // The set-up popup's items, in the order they are shown.
@@ -46,6 +49,10 @@ class WindowLayer {
   // The rules dialog of "New Variant..."; it may change RuleSet. Windows
   // without it leave the rules as they are.
   virtual bool ShowVariantsDialog() { return false; }
+  // dlgPDN, modal: true for OK, with the chosen row and "Open as:" in the form.
+  virtual bool ShowPdnChooser(PdnChooserForm& /*form*/) { return false; }
+  // dlgDetails, modal, on the tags of the game.
+  virtual void ShowDetailsDialog(PdnTags& /*tags*/) {}
 };
 
 }  // namespace qv
