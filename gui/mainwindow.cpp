@@ -87,6 +87,8 @@ void MainWindow::BuildMenus() {
   AddCommand(gameMenu, Command::NewGame, "New Game", [&s] { NewGameCommand(s, 0); })->setShortcut(QKeySequence::New);
   AddCommand(gameMenu, Command::NewVariant, "New Variant...", [&s] { NewGameCommand(s, 1); });
   gameMenu->addSeparator();
+  AddPdnCommands(gameMenu);
+  gameMenu->addSeparator();
   AddCommand(gameMenu, Command::Exit, "Exit", [this] { close(); });
 
   QMenu* playMenu = menuBar()->addMenu("&Play");

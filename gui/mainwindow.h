@@ -54,12 +54,15 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void Changed(unsigned parts) override;
   void StartComputerTurn(TurnReason reason) override;
   bool ShowVariantsDialog() override;
+  bool ShowPdnChooser(PdnChooserForm& form) override;
+  void ShowDetailsDialog(PdnTags& tags) override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void BuildMenus();
+  void AddPdnCommands(QMenu* gameMenu);  // Open PDN..., Save PDN..., Details...
   void BuildPanels();
   QAction* AddCommand(QMenu* menu, Command c, const QString& text, std::function<void()> run, bool checkable = false);
   void Sync();
