@@ -156,7 +156,7 @@ bool ApplyPdnFen(Game& g, std::string_view fen) {
   return true;
 }
 
-PdnLoadResult LoadPdnGame(Game& g, const PdnCollection& collection, int gameNumber, const PdnLoadChoice& choice) {
+PdnLoadResult ReadPdnGame(Game& g, const PdnCollection& collection, int gameNumber, const PdnLoadChoice& choice) {
   PdnLoadResult result;
   if (gameNumber < 1 || gameNumber > static_cast<int>(collection.Games.size())) {
     result.Message = LoadErrorText;

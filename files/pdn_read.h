@@ -29,7 +29,7 @@ struct PdnLoadResult {
 
 // Sets up the game of number gameNumber (1-based) and replays its moves. A
 // refused move or set-up resets the game (a new game of the rules in force).
-PdnLoadResult LoadPdnGame(Game& g, const PdnCollection& collection, int gameNumber, const PdnLoadChoice& choice);
+PdnLoadResult ReadPdnGame(Game& g, const PdnCollection& collection, int gameNumber, const PdnLoadChoice& choice);
 
 // Places the pieces of a FEN such as "B:W18,24,K10:B12,16,K22" (numeric, or
 // algebraic squares like "Kc3", ranges like "1-12") and makes the position the

@@ -111,7 +111,7 @@ void LoadPdnCommand(Session& s, const std::filesystem::path& chosen, int source)
     s.window.Changed(Part::Status);
   }
   s.screen.Busy = 1;
-  const PdnLoadResult result = LoadPdnGame(g, open.Collection, number, choice);
+  const PdnLoadResult result = ReadPdnGame(g, open.Collection, number, choice);
   s.screen.Busy = 0;
   if (result.Status != PdnLoadStatus::Loaded) {
     ShowNewGame(s);

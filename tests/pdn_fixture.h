@@ -51,7 +51,7 @@ class PdnTest : public ::testing::Test {
     const PdnOpenResult open = OpenPdnFile(file, folder);
     EXPECT_EQ(open.Status, PdnOpenStatus::Read) << open.Message;
     if (open.Status != PdnOpenStatus::Read) return {};
-    return LoadPdnGame(g, open.Collection, number, choice);
+    return ReadPdnGame(g, open.Collection, number, choice);
   }
   PdnLoadResult LoadText(const std::string& text, int number = 1, PdnLoadChoice choice = {}) {
     return Load(*game, Write("game.pdn", text), number, choice);

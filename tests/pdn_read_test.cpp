@@ -253,7 +253,7 @@ TEST_F(PdnTest, EveryShippedOpeningIsLegal) {
   for (int n = 1; n <= static_cast<int>(open.Collection.Games.size()); ++n) {
     auto g = NewTestGame();
     ASSERT_TRUE(OpeningsApply(*g));
-    const PdnLoadResult r = LoadPdnGame(*g, open.Collection, n, choice);
+    const PdnLoadResult r = ReadPdnGame(*g, open.Collection, n, choice);
     const std::string name = open.Collection.Games[static_cast<std::size_t>(n - 1)].Tags.Event;
     EXPECT_FALSE(name.empty());
     EXPECT_EQ(r.Status, PdnLoadStatus::Loaded) << name << ": " << r.Message;

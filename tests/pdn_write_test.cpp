@@ -80,7 +80,7 @@ TEST_F(PdnTest, SavesAppendKeepTheDateAndReadBack) {
   const PdnOpenResult open = OpenPdnFile(file, folder);
   ASSERT_EQ(open.Collection.Games.size(), 2u);
   auto back = NewTestGame();
-  ASSERT_EQ(LoadPdnGame(*back, open.Collection, 2, {}).Status, PdnLoadStatus::Loaded);
+  ASSERT_EQ(ReadPdnGame(*back, open.Collection, 2, {}).Status, PdnLoadStatus::Loaded);
   ExpectSameGame(*game, *back);
   EXPECT_EQ(back->GameResult, "1/2-1/2");
 }
