@@ -151,9 +151,10 @@ PdnMoveSquares NormalMoveSquares(const std::string& move) {
   }
   squares.push_back(square);
   // A piece dropped onto the board names one square.
-  if (squares.size() == 1 && !square.empty()) return {square, {}};
-  if (squares.size() < 2 || squares.front().empty() || squares.back().empty()) return {};
-  return {squares.front(), squares.back()};
+  if (squares.size() == 1 && !square.empty()) return {square, {}, squares};
+  for (const std::string& s : squares)
+    if (s.empty()) return {};
+  return {squares.front(), squares.back(), squares};
 }
 
 }  // namespace qv

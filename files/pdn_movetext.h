@@ -30,6 +30,7 @@ PdnMovetext ParsePdnMovetext(const std::vector<std::string>& lines);
 struct PdnMoveSquares {
   std::string From;
   std::string To;
+  std::vector<std::string> Path;  // every square written, from first to last
 };
 PdnMoveSquares NormalMoveSquares(const std::string& move);
 

@@ -115,7 +115,9 @@ std::string ReplayMovetext(Game& g, const PdnMovetext& movetext, bool variantCho
       g.Settings.NotationKind = IsLetter(item.Move[0]) ? 0 : 1;
     first = false;
     const std::string moveText = MoveTextOfToken(g, item.Move);
-    if (moveText.empty() || !ReplayLoadedMove(g, moveText)) return ToUpper(item.Move) + ": Illegal move!";
+    std::vector<int> path;
+    for (const std::string& square : NormalMoveSquares(item.Move).Path) path.push_back(CellOfSquare(g, square));
+    if (moveText.empty() || !ReplayLoadedCapture(g, moveText, path)) return ToUpper(item.Move) + ": Illegal move!";
     ++result.Moves;
   }
   return {};

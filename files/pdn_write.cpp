@@ -61,6 +61,13 @@ bool StartsAsTheVariant(const Game& g) {
   return standard->StartBoard == g.StartBoard && standard->RuleSet.BlackStarts == g.RuleSet.BlackStarts;
 }
 
+// A "}" would end the comment early for every reader.
+std::string CommentText(std::string comment) {
+  for (char& c : comment)
+    if (c == '}') c = ')';
+  return comment;
+}
+
 std::string TagSection(Game& g, bool algebraic, const std::string& today) {
   PdnTags& t = g.Tags;
   std::string text;
@@ -99,7 +106,7 @@ std::string Movetext(Game& g, bool algebraic) {
     if (i % 2 == 0 && i < g.GameLength) add(std::to_string(i / 2 + 1) + ". ");
     std::string& comment = g.Record.CommentTable[i];
     for (std::size_t at; (at = comment.find("\r\n")) != std::string::npos;) comment.replace(at, 2, "  ");
-    if (!comment.empty()) add("{" + comment + "} ");
+    if (!comment.empty()) add("{" + CommentText(comment) + "} ");
     if (i < g.GameLength) add(MoveText(g.Record.GameMoves[i + 1], algebraic) + " ");
   }
   line += g.GameResult;

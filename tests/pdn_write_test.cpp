@@ -40,6 +40,7 @@ TEST_F(PdnTest, StandardGameTagsMovetextAndResult) {
   game->Tags.White = "Weiss";
   PlaySomeMoves(*game, 30);
   game->Record.CommentTable[0] = "first\r\nline";
+  game->Record.CommentTable[3] = "a {brace}";
   const std::string text = PdnGameText(*game, "05/06/2024");
   EXPECT_TRUE(text.starts_with("[Event \"Club\"]\r\n[Date \"05/06/2024\"]\r\n[White \"Weiss\"]\r\n[Result \"*\"]\r\n"
                                "[GameType \"21,B,8,8,N1,0\"]\r\n\r\n1. {first  line} "))
@@ -47,6 +48,7 @@ TEST_F(PdnTest, StandardGameTagsMovetextAndResult) {
   EXPECT_EQ(Count(text, "[QVersion"), 0u);
   EXPECT_EQ(Count(text, "[FEN"), 0u);
   EXPECT_EQ(game->Record.CommentTable[0], "first  line");  // the stored comment is changed too
+  EXPECT_NE(text.find("{a {brace)} "), std::string::npos);
   EXPECT_EQ(game->Tags.Date, "05/06/2024");
   EXPECT_TRUE(text.ends_with(" *\r\n\r\n"));
   // Lines are cut once they pass 70 characters.
