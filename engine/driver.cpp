@@ -31,44 +31,6 @@ int PVLength(const Game& g) {
 
 std::string SquareText(const Game& g, int cell) { return SquareNotation(cell, 1, g.Settings.NotationKind); }
 
-// Everything that stays the same for the root moves of one turn.
-struct Turn {
-  Game& g;
-  DriverUi& ui;
-  SearchMember member;
-  int rootCount = 0;
-  int searchRootCount = 0;
-  bool lazyRaiseArmed = false;
-  int keptScore = 0;  // the score before the last short-line re-search
-
-  // Searches root move `index` (already made) at iteration depth d.
-  int Dispatch(int alpha, int beta, int d) {
-    const int up = searchRootCount - 1;
-    CountRepetitions(g, up);
-    if (g.LineDrawn == 0) {
-      CheckMoveLimit(g, up);
-      g.LineDrawn = g.LimitReached;
-    }
-    int score = -SearchNode(g, member, -beta, -alpha, d - 1);
-    if (g.LineDrawn >= 1) score = 0;
-    g.LineDrawn = 0;
-    return score;
-  }
-
-  // When the main line ended too soon, the first root move is searched one ply deeper.
-  int ShortLineResearch(int score, int alpha, int beta, int d, bool& researched, const std::string& move) {
-    if (PVLength(g) >= 3 || d < 3) return score;
-    ui.SetStatus("Thinking... (" + std::to_string(d) + "/" + std::to_string(d + 1) + ")  " + move);
-    const bool fullWindow = member == SearchMember::Fast1 || member == SearchMember::Anti;
-    const int a = fullWindow ? -32000 : alpha, b = fullWindow ? 32000 : beta;
-    keptScore = score;
-    score = -SearchNode(g, member, -b, -a, d);
-    researched = true;
-    if (g.MaterialByPly[g.Ply] != 0 && lazyRaiseArmed) g.LazyMargin += 10;
-    return score;
-  }
-};
-
 // No man on the board and both sides' pieces worth the same.
 bool KingsOnlyLevel(const Game& g) {
   int white = 0, black = 0;
@@ -96,6 +58,467 @@ bool WantsDraw(Game& g, int bestScore) {
   if (!(g.Rnd() < 0.1 || g.StableCount > 1)) return false;
   return g.WinAnnounced == 0 && bestScore < 30000 && g.MaterialByPly[g.Ply] == 0;
 }
+
+// "Computer is winning in 3 moves! ".
+std::string CountdownText(const std::string& head, int moves) {
+  return head + Str(moves) + " move" + (moves > 1 ? "s" : "") + "! ";
+}
+
+// One computer turn, step by step, in two halves: the thinking (the checks
+// before thinking, the iterations over the root moves), which may run on a
+// copy of the game, and the playing (the move played and the rules after
+// it), on the game itself.
+class Turn {
+ public:
+  Turn(Game& g, DriverUi& ui) : g_(g), ui_(ui), o_(g.Settings) {}
+
+  TurnDecision Think() {
+    decision_.ending = Begin();
+    if (decision_.ending == TurnDecision::Ending::None && !FindRootMoves())
+      decision_.ending = TurnDecision::Ending::NoMoves;
+    if (decision_.ending == TurnDecision::Ending::None) {
+      PrepareSearch();
+      Deepen();
+      EndThinking();
+      decision_.move = roots_[0];
+      decision_.rootCount = rootCount_;
+      decision_.bestScore = bestScore_;
+      decision_.mainLine = bestLine_;
+      decision_.rootScores = rootInfo_;
+    }
+    decision_.strengthLabel = strength_;
+    decision_.engine = CarriedEngineState::From(g_);
+    return decision_;
+  }
+
+  TurnReport Play(const TurnDecision& decision) {
+    decision.engine.GiveTo(g_);
+    CommitRootPly(g_);
+    if (TellEarlyEnd(decision)) return Finish();
+    TakeDecision(decision);
+    ShowEndOfThinking();
+    PlayBestMove();
+    OfferDraw();
+    ApplyDrawRules();
+    EndIfOpponentBlocked();
+    return Finish();
+  }
+
+ private:
+  TurnReport Finish() {
+    ui_.SetThinking(false);
+    g_.FocusSquare = 0;
+    g_.BookMoveFrom = 0;
+    return report_;
+  }
+
+  // Start steps 1 to 8: the screen, and a game that ended before this turn.
+  TurnDecision::Ending Begin() {
+    turnStart_ = WholeSeconds();
+    g_.BackRankActive = 1;
+    UpdateManThresholds(g_);
+    g_.NoiseRange = NoiseRangeFor(o_.StrengthHandicap);
+    g_.SearchCancelled = 0;
+    depthMode_ = o_.DepthMode;
+    strength_ = "Strength:" + Str(10 - o_.StrengthHandicap) +
+                (depthMode_ == 1 ? "   Depth:" + Str(o_.DepthLimit) + " ply" : "   Time:" + Str(o_.TimeLimit) + " sec");
+    ui_.SetStrengthLabel(strength_);
+    ui_.SetStatus("Thinking...");
+    ui_.SetThinking(true);
+
+    CommitRootPly(g_);
+    const int score = Evaluate(g_, -32000, 32000, g_.SideToMove);
+    const bool ownLoss = g_.RuleLossPending == 1 || score == 32000;
+    if (g_.NoMoveDraw == 1) return TurnDecision::Ending::NoMoveDraw;
+    if (ownLoss) return TurnDecision::Ending::OwnLoss;
+    return TurnDecision::Ending::None;
+  }
+
+  // Start step 9: the root moves; without any the game is over.
+  bool FindRootMoves() {
+    GenerateLegalMoves(g_);
+    rootCount_ = g_.PlyBase[1] - g_.PlyBase[0];
+    return rootCount_ > 0;
+  }
+
+  // The ends a turn finds before it searches, told on the game itself. True
+  // when the game ended so.
+  bool TellEarlyEnd(const TurnDecision& decision) {
+    switch (decision.ending) {
+      case TurnDecision::Ending::None: return false;
+      case TurnDecision::Ending::NoMoveDraw:
+        g_.NoMoveDraw = 0;
+        DeclareDraw(g_, ui_);
+        return true;
+      case TurnDecision::Ending::OwnLoss:
+        ResultText(g_, 0);
+        ui_.SetStatus(o_.PlayerName + " wins!");
+        g_.GameOver = 1;
+        ui_.GameEnded(1.0);
+        ui_.Pause(0.5);
+        ui_.ShowMessage("Congratulations", o_.PlayerName + " wins!");
+        return true;
+      case TurnDecision::Ending::NoMoves: {
+        ResultText(g_, 0);
+        g_.GameOver = 1;
+        ui_.Pause(0.5);
+        const std::string text = g_.RuleSet.AntiMode == 1 ? "Computer wins!" : o_.PlayerName + " wins!";
+        if (g_.RuleSet.AntiMode != 1) ui_.GameEnded(1.0);
+        ui_.SetStatus(text);
+        ui_.ShowMessage("Congratulations", text);
+        return true;
+      }
+    }
+    return false;
+  }
+
+  // What the thinking half found, for the playing half.
+  void TakeDecision(const TurnDecision& decision) {
+    roots_.assign(1, decision.move);
+    rootCount_ = decision.rootCount;
+    bestScore_ = decision.bestScore;
+    bestLine_ = decision.mainLine;
+    rootInfo_ = decision.rootScores;
+    strength_ = decision.strengthLabel;
+    calculation_ = decision.calculation;
+    report_.depth = decision.depth;
+    report_.iterationLog = decision.iterationLog;
+  }
+
+  // Start steps 10 and 12: the depth, the pause, then the clock; the root
+  // moves kept apart from the stack the search overwrites.
+  void PrepareSearch() {
+    depthLimit_ = depthMode_ == 1 ? std::max(1, o_.DepthLimit) : 20;
+    if (rootCount_ == 1) depthLimit_ = 1;
+    ui_.SetProgress(0, ProgressMaximum());
+    ui_.Pause(0.5);
+    clockStart_ = Clock();
+
+    rootInfo_.resize(static_cast<std::size_t>(rootCount_));
+    for (int i = 0; i < rootCount_; ++i)
+      rootInfo_[i] = RootScore{g_.MoveStack[i].FromSquare, g_.MoveStack[i].ToSquare, -32767};
+    roots_.assign(g_.MoveStack.begin(), g_.MoveStack.begin() + rootCount_);
+    member_ = SearchMemberFor(g_);
+    searchRootCount_ = g_.HalfMoveCount;
+    for (auto& row : g_.PVTable) row.Fill(PVEntry{});
+    for (auto& row : g_.KillerTable) row.Fill(MoveKey{});
+  }
+
+  int ProgressMaximum() const { return depthMode_ == 1 ? rootCount_ * depthLimit_ : o_.TimeLimit; }
+
+  // The iterations, d from 1 to the depth limit, each over all root moves.
+  void Deepen() {
+    int d = 1;
+    for (; d <= depthLimit_; ++d) {
+      const long iterationStart = WholeSeconds();
+      if (depthMode_ == 1) lazyRaiseArmed_ = lazyRaiseArmed_ || d == 1;
+      else lazyRaiseArmed_ = d > 2;
+      if (d == 1) {
+        alpha_ = -32000;
+        beta_ = 32000;
+      } else {
+        beta_ = alpha_ + 100;
+        alpha_ = alpha_ - 100;
+      }
+      g_.HorizonLimit = d + std::clamp(o_.Plys, 1, 6);
+      for (int i = 0; i < rootCount_; ++i)
+        if (!SearchRootMove(i, d)) break;
+      if (depthMode_ == 0 && elapsed_ >= o_.TimeLimit) StopUnlessScoreFell();
+      if (g_.SearchCancelled == 1) break;
+      prevIterationBest_ = bestScore_;
+      decision_.iterationLog += std::string(15, ' ') + shortLine_ + "   M: " + bestLine_ +
+                                "  T: " + TimeString(WholeSeconds() - iterationStart) + "\r\n";
+    }
+    decision_.depth = std::min(d, depthLimit_);
+  }
+
+  // Root move i at iteration d: the first against the aspiration window,
+  // the others first with a null window. False when the iteration stops.
+  bool SearchRootMove(int i, int d) {
+    researched_ = false;
+    g_.PVTable[0][0].From = 0;
+    const std::string move = MoveLabel(g_, roots_[static_cast<std::size_t>(i)]);
+    if (o_.ShowCalculation == 1) ui_.SetStatus("Thinking... (" + std::to_string(d) + ")  " + move);
+    MakeRoot(i);
+    int score = Dispatch(alpha_, beta_, d);
+    if (i == 0) score = ShortLineResearch(score, alpha_, beta_, d, move);
+    UndoRoot();
+    if (Cancelled()) return false;
+    bool newBest = false;
+    if (i > 0) {
+      if (score > alpha_) {
+        const int old = alpha_;
+        alpha_ = score;
+        beta_ = 32000;
+        MakeRoot(i);
+        score = Dispatch(alpha_, beta_, d);
+        if (score > old) score = ShortLineResearch(score, alpha_, beta_, d, move);
+        UndoRoot();
+        if (Cancelled()) return false;
+        if (score > old) {
+          alpha_ = score;
+          beta_ = score + 1;
+          newBest = true;
+        } else {
+          alpha_ = old;
+        }
+      }
+    } else {
+      if (score < alpha_ || score >= beta_) {
+        if (score < alpha_) {
+          alpha_ = -32000;
+          beta_ = score;
+        } else {
+          alpha_ = score;
+          beta_ = 32000;
+        }
+        MakeRoot(0);
+        score = Dispatch(alpha_, beta_, d);
+        score = ShortLineResearch(score, alpha_, beta_, d, move);
+        UndoRoot();
+        if (Cancelled()) return false;
+      }
+      alpha_ = score;
+      beta_ = score + 1;
+      newBest = true;
+    }
+    if (newBest) TakeNewBest(i, d, score, move);
+    ClockStep();
+    int stored = newBest ? alpha_ : score;
+    if (researched_) stored = keptScore_;
+    rootInfo_[newBest ? 0 : static_cast<std::size_t>(i)].Score = stored;
+    return g_.SearchCancelled != 1;
+  }
+
+  // A Cancel by the player drops the move being searched, unless the game is decided.
+  bool Cancelled() const { return g_.SearchCancelled == 1 && std::abs(alpha_) < 30001; }
+
+  // Makes root move i, copied back onto the stack first, and notes whether
+  // it repeats a position of the game or runs out the move limit.
+  void MakeRoot(int i) {
+    g_.MoveStack[0] = roots_[static_cast<std::size_t>(i)];
+    g_.PlyBase[1] = 1;
+    MakeSearchMove(g_, 0);
+    const int upto = searchRootCount_ - 1;
+    CountRepetitions(g_, upto);
+    if (g_.LineDrawn == 0) {
+      CheckMoveLimit(g_, upto);
+      g_.LineDrawn = g_.LimitReached;
+    }
+  }
+
+  // The root move's draw mark lasts through all its searches, the short-line
+  // re-search included, and ends with it.
+  void UndoRoot() {
+    UndoSearchMove(g_, 0);
+    g_.LineDrawn = 0;
+  }
+
+  // The made root move searched at iteration depth d; a move that repeats a
+  // position or runs out the move limit scores as a draw.
+  int Dispatch(int alpha, int beta, int d) {
+    const int score = -SearchNode(g_, member_, -beta, -alpha, d - 1);
+    return g_.LineDrawn >= 1 ? 0 : score;
+  }
+
+  // When the main line ended too soon, the first root move is searched one ply deeper.
+  int ShortLineResearch(int score, int alpha, int beta, int d, const std::string& move) {
+    if (PVLength(g_) >= 3 || d < 3) return score;
+    ui_.SetStatus("Thinking... (" + std::to_string(d) + "/" + std::to_string(d + 1) + ")  " + move);
+    const bool fullWindow = member_ == SearchMember::Fast1 || member_ == SearchMember::Anti;
+    const int a = fullWindow ? -32000 : alpha, b = fullWindow ? 32000 : beta;
+    keptScore_ = score;
+    score = -SearchNode(g_, member_, -b, -a, d);
+    researched_ = true;
+    if (g_.MaterialByPly[g_.Ply] != 0 && lazyRaiseArmed_) g_.LazyMargin += 10;
+    return score;
+  }
+
+  // Root move i is the new best: its line and texts; it goes to the front.
+  void TakeNewBest(int i, int d, int score, const std::string& move) {
+    bestScore_ = score;
+    // The main line: this root move, then what the search found below it.
+    g_.MoveStack[0] = roots_[static_cast<std::size_t>(i)];
+    UpdatePV(g_, 0);
+    bestLine_ = MainLineText(g_);
+    if (o_.ShowCalculation == 1) {
+      head_ = "Depth:" + Str(d) + "   Best: " + move + "   Score:" + Str(score);
+      shortLine_ = "D:" + Str(d) + "   B: " + move + "   S:" + Str(score);
+      ui_.SetCalculation(head_);
+    }
+    if (i > 0) {
+      std::rotate(roots_.begin(), roots_.begin() + i, roots_.begin() + i + 1);
+      std::rotate(rootInfo_.begin(), rootInfo_.begin() + i, rootInfo_.begin() + i + 1);
+    }
+  }
+
+  // After each root move: the progress, and in time mode the time limit.
+  void ClockStep() {
+    if (depthMode_ == 1) {
+      ui_.SetProgress(++progress_, ProgressMaximum());
+      return;
+    }
+    elapsed_ = std::min<double>(std::floor(Clock() - clockStart_), o_.TimeLimit);
+    ui_.SetProgress(static_cast<int>(elapsed_), o_.TimeLimit);
+    if (elapsed_ >= o_.TimeLimit) StopUnlessScoreFell();
+  }
+
+  // Time is up, but a score that fell since the last iteration gets more.
+  void StopUnlessScoreFell() {
+    if (bestScore_ < prevIterationBest_ - 50) return;
+    g_.StopRequest = 2;
+    g_.SearchCancelled = 1;
+  }
+
+  // End steps 1 to 3: the texts, the stop flags, the root scores sorted.
+  void EndThinking() {
+    if (o_.ShowCalculation == 1)
+      decision_.calculation = head_ + "   Time: " + TimeString(WholeSeconds() - turnStart_) + "\r\nMain: " + bestLine_;
+    if (g_.StopRequest == 2) {
+      g_.StopRequest = 0;
+      g_.SearchCancelled = 0;
+    }
+    if (g_.StopRequest == 1) {
+      // A Cancel that came after the last node: it still ends the thinking.
+      g_.StopRequest = 0;
+      g_.SearchCancelled = 1;
+    }
+    // Highest score first, by exchanges over all pairs: equal scores keep no
+    // particular order.
+    for (std::size_t i = 0; i < rootInfo_.size(); ++i)
+      for (std::size_t j = i + 1; j < rootInfo_.size(); ++j)
+        if (rootInfo_[j].Score > rootInfo_[i].Score) std::swap(rootInfo_[i], rootInfo_[j]);
+  }
+
+  // The texts of the end of thinking, shown by the game that plays the move.
+  void ShowEndOfThinking() {
+    ui_.SetStrengthLabel(strength_);
+    if (!calculation_.empty()) ui_.SetCalculation(calculation_);
+    ui_.SetStatus("");
+  }
+
+  // End steps 4 to 8: the move at the front of the root order is played and
+  // entered; what its score announces, and a game it won or drew.
+  void PlayBestMove() {
+    g_.MoveStack[0] = roots_[0];
+    g_.LastWasCapture = roots_[0].IsCapture() ? 1 : 0;
+    g_.LastWasCrowning = roots_[0].PromoteFlag == 2 ? 1 : 0;
+    g_.PlyBase[0] = 0;
+    g_.PlyBase[1] = 1;
+    MakeSearchMove(g_, 0);
+    g_.LastMoveIndex = 0;
+    const int score = Evaluate(g_, -32000, 32000, -g_.SideToMove);
+    bool computerWins = false, blockedDraw = false;
+    if (g_.NoMoveDraw == 1) {
+      g_.NoMoveDraw = 0;
+      blockedDraw = true;
+    } else if (bestScore_ < -31979) {
+      const int n = (bestScore_ + 32000 + (g_.RuleSet.AntiMode == 1 ? 1 : 0)) / 2;
+      ui_.SetStatus(CountdownText("Computer is losing in", n));
+      g_.WinAnnounced = 1;
+    } else if (bestScore_ >= 31980 && score < 31981) {
+      const int n = (32000 - bestScore_ + 1) / 2;
+      ui_.SetStatus(CountdownText("Computer is winning in", n));
+      g_.WinAnnounced = 1;
+    } else if (bestScore_ >= 31980) {
+      computerWins = true;
+    }
+    g_.ScoreHistory[g_.HalfMoveCount] = bestScore_;
+    g_.LastSearchScore = bestScore_;
+    CommitRootPly(g_);
+    EnterMoveInRecord(g_, 0, rootCount_);
+    UpdateDrawReason(g_);
+    ui_.MoveRecorded(g_.HalfMoveCount);
+
+    report_.moved = true;
+    report_.move = MoveLabel(g_, roots_[0]);
+    report_.score = bestScore_;
+    report_.mainLine = bestLine_;
+    report_.rootScores = rootInfo_;
+
+    // The ends are told once the move stands.
+    if (blockedDraw) DeclareDraw(g_, ui_);
+    if (computerWins) ComputerWins();
+  }
+
+  void ComputerWins() {
+    ResultText(g_, 0);
+    g_.GameOver = 1;
+    ui_.GameEnded(0.0);
+    ui_.SetStatus("Computer wins!");
+    ui_.Pause(0.5);
+    ui_.ShowMessage("Congratulations", "Computer wins!");
+  }
+
+  // End step 9: the computer may offer a draw.
+  void OfferDraw() {
+    if (g_.GameOver != 0 || !WantsDraw(g_, bestScore_)) return;
+    g_.LastDrawOffer = g_.HalfMoveCount;
+    ui_.Pause(0.5);
+    report_.drawOffered = true;
+    if (ui_.AskYesNo("Question", "How about a draw?")) DeclareDraw(g_, ui_);
+  }
+
+  // End step 10: the counted draw rules in force, for the opponent to move.
+  // The repetition and the move limit end the game only under the chess rules.
+  void ApplyDrawRules() {
+    if (g_.GameOver != 0) return;
+    GenerateMoves(g_, 0);
+    const bool captureAtHand = g_.PlyBase[1] > g_.PlyBase[0];
+    const int reason = g_.DrawReason;
+    const bool drawn = (o_.KingVersusKing == 1 && reason == 3 && !captureAtHand) ||
+                       (o_.ChessDrawRules == 1 && (reason == 1 || reason == 2)) ||
+                       (g_.RuleSet.ThreeKings == 1 && reason == 4) || (g_.RuleSet.TwoKings == 1 && reason == 5);
+    if (!drawn) return;
+    ResultText(g_, 2);
+    ui_.Pause(0.5);
+    g_.GameOver = 1;
+    ui_.GameEnded(0.5);
+    ReportDraw(g_, ui_, 0);
+  }
+
+  // End step 11: an opponent left without a move has lost, or under
+  // giveaway rules has won.
+  void EndIfOpponentBlocked() {
+    GenerateLegalMoves(g_);
+    if (g_.GameOver != 0 || g_.PlyBase[1] > g_.PlyBase[0]) return;
+    ResultText(g_, 0);
+    g_.GameOver = 1;
+    ui_.Pause(0.5);
+    const bool opponentWins = g_.RuleSet.AntiMode == 1 && o_.PlayMode != 2;
+    const std::string text = opponentWins ? o_.PlayerName + " wins!" : "Computer wins!";
+    ui_.GameEnded(opponentWins ? 1.0 : 0.0);
+    ui_.SetStatus(text);
+    ui_.ShowMessage("Congratulations", text);
+  }
+
+  Game& g_;
+  DriverUi& ui_;
+  const Options& o_;
+  TurnReport report_;
+  TurnDecision decision_;
+
+  long turnStart_ = 0;
+  int depthMode_ = 0;
+  std::string strength_, calculation_;
+
+  int rootCount_ = 0;
+  int depthLimit_ = 1;
+  double clockStart_ = 0;
+  std::vector<RootScore> rootInfo_;
+  std::vector<MoveRecord> roots_;
+  SearchMember member_ = SearchMember::General;
+  int searchRootCount_ = 0;
+
+  int alpha_ = -32000, beta_ = 32000;
+  int bestScore_ = -32001, prevIterationBest_ = -32001;
+  int progress_ = 0;
+  double elapsed_ = 0;
+  bool lazyRaiseArmed_ = false;
+  bool researched_ = false;
+  int keptScore_ = 0;  // the score before the last short-line re-search
+  std::string bestLine_, head_, shortLine_;
+};
 
 }  // namespace
 
@@ -125,264 +548,42 @@ std::string MainLineText(const Game& g) {
   return line;
 }
 
-TurnReport ComputerMove(Game& g, DriverUi& ui) {
-  TurnReport report;
-  const Options& o = g.Settings;
-  const long turnStart = WholeSeconds();
-  g.BackRankActive = 1;
-  UpdateManThresholds(g);
-  g.NoiseRange = NoiseRangeFor(o.StrengthHandicap);
-  g.SearchCancelled = 0;
-  const int depthMode = o.DepthMode;
-  const std::string strength = "Strength:" + Str(10 - o.StrengthHandicap) +
-                               (depthMode == 1 ? "   Depth:" + Str(o.DepthLimit) + " ply"
-                                               : "   Time:" + Str(o.TimeLimit) + " sec");
-  ui.SetStrengthLabel(strength);
-  ui.SetStatus("Thinking...");
-  ui.SetThinking(true);
-
-  CommitRootPly(g);
-  int score = Evaluate(g, -32000, 32000, g.SideToMove);
-  const bool ownLoss = g.RuleLossPending == 1 || score == 32000;
-  const auto finish = [&]() {
-    ui.SetThinking(false);
-    g.FocusSquare = 0;
-    g.BookMoveFrom = 0;
-    return report;
-  };
-  if (g.NoMoveDraw == 1) {
-    g.NoMoveDraw = 0;
-    DeclareDraw(g, ui);
-    return finish();
-  }
-  if (ownLoss) {
-    ResultText(g, 0);
-    ui.SetStatus(o.PlayerName + " wins!");
-    g.GameOver = 1;
-    ui.GameEnded(1.0);
-    ui.Pause(0.5);
-    ui.ShowMessage("Congratulations", o.PlayerName + " wins!");
-    return finish();
-  }
-
-  GenerateLegalMoves(g);
-  int rootCount = g.PlyBase[1] - g.PlyBase[0];
-  if (rootCount == 0) {
-    ResultText(g, 0);
-    g.GameOver = 1;
-    ui.Pause(0.5);
-    const std::string text = g.RuleSet.AntiMode == 1 ? "Computer wins!" : o.PlayerName + " wins!";
-    if (g.RuleSet.AntiMode != 1) ui.GameEnded(1.0);
-    ui.SetStatus(text);
-    ui.ShowMessage("Congratulations", text);
-    return finish();
-  }
-  int depthLimit = depthMode == 1 ? std::max(1, o.DepthLimit) : 20;
-  if (rootCount == 1) depthLimit = 1;
-  const double clockStart = Clock();
-  ui.SetProgress(0, depthMode == 1 ? rootCount * depthLimit : o.TimeLimit);
-  ui.Pause(0.5);
-
-  std::vector<RootScore> rootInfo(static_cast<std::size_t>(rootCount));
-  for (int i = 0; i < rootCount; ++i)
-    rootInfo[i] = RootScore{g.MoveStack[i].FromSquare, g.MoveStack[i].ToSquare, -32767};
-  // The root moves are kept apart from the stack the search overwrites.
-  std::vector<MoveRecord> roots(g.MoveStack.begin(), g.MoveStack.begin() + rootCount);
-
-  Turn turn{g, ui, SearchMemberFor(g), rootCount, g.HalfMoveCount, false};
-  int alpha = -32000, beta = 32000, bestScore = -32001, prevIterationBest = -32001;
-  int progress = 0;
-  double elapsed = 0;
-  std::string bestLine, bestMove, head, shortLine;
-  for (auto& row : g.PVTable) row.Fill(PVEntry{});
-  for (auto& row : g.KillerTable) row.Fill(MoveKey{});
-
-  // Makes root move i: it is copied back onto the stack first.
-  const auto makeRoot = [&](int i) {
-    g.MoveStack[0] = roots[static_cast<std::size_t>(i)];
-    g.PlyBase[1] = 1;
-    MakeSearchMove(g, 0);
-  };
-  const auto undoRoot = [&]() { UndoSearchMove(g, 0); };
-
-  int d = 1;
-  for (; d <= depthLimit; ++d) {
-    const long iterationStart = WholeSeconds();
-    if (depthMode == 1) turn.lazyRaiseArmed = turn.lazyRaiseArmed || d == 1;
-    else turn.lazyRaiseArmed = d > 2;
-    if (d == 1) {
-      alpha = -32000;
-      beta = 32000;
-    } else {
-      beta = alpha + 100;
-      alpha = alpha - 100;
-    }
-    g.HorizonLimit = d + std::clamp(o.Plys, 1, 6);
-    for (int i = 0; i < rootCount; ++i) {
-      bool researched = false;
-      g.PVTable[0][0].From = 0;
-      const std::string move = MoveLabel(g, roots[static_cast<std::size_t>(i)]);
-      if (o.ShowCalculation == 1) ui.SetStatus("Thinking... (" + std::to_string(d) + ")  " + move);
-      makeRoot(i);
-      score = turn.Dispatch(alpha, beta, d);
-      if (i == 0) score = turn.ShortLineResearch(score, alpha, beta, d, researched, move);
-      undoRoot();
-      if (g.SearchCancelled == 1 && std::abs(alpha) < 30001) break;
-      bool newBest = false;
-      if (i > 0) {
-        if (score > alpha) {
-          const int old = alpha;
-          alpha = score;
-          beta = 32000;
-          makeRoot(i);
-          score = turn.Dispatch(alpha, beta, d);
-          if (score > old) score = turn.ShortLineResearch(score, alpha, beta, d, researched, move);
-          undoRoot();
-          if (g.SearchCancelled == 1 && std::abs(alpha) < 30001) break;
-          if (score > old) {
-            alpha = score;
-            beta = score + 1;
-            newBest = true;
-          } else {
-            alpha = old;
-          }
-        }
-      } else {
-        if (score < alpha || score >= beta) {
-          if (score < alpha) {
-            alpha = -32000;
-            beta = score;
-          } else {
-            alpha = score;
-            beta = 32000;
-          }
-          makeRoot(0);
-          score = turn.Dispatch(alpha, beta, d);
-          score = turn.ShortLineResearch(score, alpha, beta, d, researched, move);
-          undoRoot();
-          if (g.SearchCancelled == 1 && std::abs(alpha) < 30001) break;
-        }
-        alpha = score;
-        beta = score + 1;
-        newBest = true;
-      }
-      if (newBest) {
-        bestScore = score;
-        bestMove = move;
-        // The main line: this root move, then what the search found below it.
-        g.MoveStack[0] = roots[static_cast<std::size_t>(i)];
-        UpdatePV(g, 0);
-        bestLine = MainLineText(g);
-        if (o.ShowCalculation == 1) {
-          head = "Depth:" + Str(d) + "   Best: " + move + "   Score:" + Str(score);
-          shortLine = "D:" + Str(d) + "   B: " + move + "   S:" + Str(score);
-          ui.SetCalculation(head);
-        }
-        if (i > 0) {
-          std::rotate(roots.begin(), roots.begin() + i, roots.begin() + i + 1);
-          std::rotate(rootInfo.begin(), rootInfo.begin() + i, rootInfo.begin() + i + 1);
-        }
-      }
-      // The clock.
-      if (depthMode == 1) {
-        ui.SetProgress(++progress, rootCount * depthLimit);
-      } else {
-        elapsed = std::min<double>(std::floor(Clock() - clockStart), o.TimeLimit);
-        ui.SetProgress(static_cast<int>(elapsed), o.TimeLimit);
-        if (elapsed >= o.TimeLimit && !(bestScore < prevIterationBest - 50)) {
-          g.StopRequest = 2;
-          g.SearchCancelled = 1;
-        }
-      }
-      int stored = newBest ? alpha : score;
-      if (researched) stored = turn.keptScore;
-      rootInfo[newBest ? 0 : static_cast<std::size_t>(i)].Score = stored;
-      if (g.SearchCancelled == 1) break;
-    }
-    if (depthMode == 0 && elapsed >= o.TimeLimit && !(bestScore < prevIterationBest - 50)) {
-      g.StopRequest = 2;
-      g.SearchCancelled = 1;
-    }
-    if (g.SearchCancelled == 1) break;
-    prevIterationBest = bestScore;
-    report.iterationLog += std::string(15, ' ') + shortLine + "   M: " + bestLine +
-                           "  T: " + TimeString(WholeSeconds() - iterationStart) + "\r\n";
-  }
-  report.depth = std::min(d, depthLimit);
-
-  // End of thinking.
-  ui.SetStrengthLabel(strength);
-  if (o.ShowCalculation == 1)
-    ui.SetCalculation(head + "   Time: " + TimeString(WholeSeconds() - turnStart) + "\r\nMain: " + bestLine);
-  if (g.StopRequest == 2) {
-    g.StopRequest = 0;
-    g.SearchCancelled = 0;
-  }
-  if (g.StopRequest == 1) {
-    // A Cancel that came after the last node: it still ends the thinking.
-    g.StopRequest = 0;
-    g.SearchCancelled = 1;
-  }
-  // Highest score first, by exchanges over all pairs: equal scores keep no
-  // particular order.
-  for (std::size_t i = 0; i < rootInfo.size(); ++i)
-    for (std::size_t j = i + 1; j < rootInfo.size(); ++j)
-      if (rootInfo[j].Score > rootInfo[i].Score) std::swap(rootInfo[i], rootInfo[j]);
-  ui.SetStatus("");
-
-  // Play the best move: index 0 of the root order.
-  g.MoveStack[0] = roots[0];
-  g.LastWasCapture = roots[0].IsCapture() ? 1 : 0;
-  g.LastWasCrowning = roots[0].PromoteFlag == 2 ? 1 : 0;
-  g.PlyBase[0] = 0;
-  g.PlyBase[1] = 1;
-  MakeSearchMove(g, 0);
-  g.LastMoveIndex = 0;
-  const int mover = -g.SideToMove;
-  score = Evaluate(g, -32000, 32000, mover);
-  bool computerWins = false;
-  if (g.NoMoveDraw == 1) {
-    g.NoMoveDraw = 0;
-  } else if (bestScore < -31979) {
-    const int n = (bestScore + 32000 + (g.RuleSet.AntiMode == 1 ? 1 : 0)) / 2;
-    ui.SetStatus("Computer is losing in" + Str(n) + " move" + (n > 1 ? "s" : "") + "! ");
-    g.WinAnnounced = 1;
-  } else if (bestScore >= 31980 && score < 31981) {
-    const int n = (32000 - bestScore + 1) / 2;
-    ui.SetStatus("Computer is winning in" + Str(n) + " move" + (n > 1 ? "s" : "") + "! ");
-    g.WinAnnounced = 1;
-  } else if (bestScore >= 31980) {
-    computerWins = true;
-  }
-  g.ScoreHistory[g.HalfMoveCount] = bestScore;
-  g.LastSearchScore = bestScore;
-  CommitRootPly(g);
-  EnterMoveInRecord(g, 0, rootCount);
-  UpdateDrawReason(g);
-  ui.MoveRecorded(g.HalfMoveCount);
-
-  report.moved = true;
-  report.move = MoveLabel(g, roots[0]);
-  report.score = bestScore;
-  report.mainLine = bestLine;
-  report.rootScores = rootInfo;
-
-  if (computerWins) {
-    ResultText(g, 0);
-    g.GameOver = 1;
-    ui.GameEnded(0.0);
-    ui.SetStatus("Computer wins!");
-    ui.Pause(0.5);
-    ui.ShowMessage("Congratulations", "Computer wins!");
-  }
-  if (g.GameOver == 0 && WantsDraw(g, bestScore)) {
-    g.LastDrawOffer = g.HalfMoveCount;
-    ui.Pause(0.5);
-    report.drawOffered = true;
-    if (ui.AskYesNo("Question", "How about a draw?")) DeclareDraw(g, ui);
-  }
-  if (g.GameOver == 0) CheckGameEnd(g, ui, 0);
-  return finish();
+CarriedEngineState CarriedEngineState::From(const Game& g) {
+  CarriedEngineState c;
+  c.LazyMargin = g.LazyMargin;
+  c.NoiseRange = g.NoiseRange;
+  c.BackRankActive = g.BackRankActive;
+  c.ManThresholdWhite = g.ManThresholdWhite;
+  c.ManThresholdBlack = g.ManThresholdBlack;
+  c.HorizonLimit = g.HorizonLimit;
+  c.SearchCancelled = g.SearchCancelled;
+  c.RuleLossPending = g.RuleLossPending;
+  c.NodeCount = g.NodeCount;
+  c.Random = g.Random;
+  c.PVTable = g.PVTable;
+  return c;
 }
+
+void CarriedEngineState::GiveTo(Game& g) const {
+  g.LazyMargin = LazyMargin;
+  g.NoiseRange = NoiseRange;
+  g.BackRankActive = BackRankActive;
+  g.ManThresholdWhite = ManThresholdWhite;
+  g.ManThresholdBlack = ManThresholdBlack;
+  g.HorizonLimit = HorizonLimit;
+  g.SearchCancelled = SearchCancelled;
+  g.RuleLossPending = RuleLossPending;
+  g.NodeCount = NodeCount;
+  g.Random = Random;
+  g.PVTable = PVTable;
+}
+
+TurnDecision ThinkComputerMove(Game& g, DriverUi& ui) { return Turn(g, ui).Think(); }
+
+TurnReport PlayComputerMove(Game& g, const TurnDecision& decision, DriverUi& ui) {
+  return Turn(g, ui).Play(decision);
+}
+
+TurnReport ComputerMove(Game& g, DriverUi& ui) { return PlayComputerMove(g, ThinkComputerMove(g, ui), ui); }
 
 }  // namespace qv

@@ -19,7 +19,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QThread>
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -62,18 +61,14 @@ MainWindow::MainWindow(std::unique_ptr<Game> game, QWidget* parent)
   Sync();
 }
 
-MainWindow::~MainWindow() {
-  if (worker_) {
-    game_->StopRequest = 1;
-    while (!worker_->wait(10)) QCoreApplication::processEvents();
-  }
-}
+MainWindow::~MainWindow() = default;  // the worker stops its job and waits for it
 
-QAction* MainWindow::AddCommand(QMenu* menu, Command c, const QString& text, std::function<void()> run, bool checkable) {
+QAction* MainWindow::AddCommand(QMenu* menu, Command c, const QString& text, bool checkable) {
   auto* action = new QAction(text, this);
   action->setCheckable(checkable);
-  connect(action, &QAction::triggered, this, [this, run] {
-    run();
+  connect(action, &QAction::triggered, this, [this, c] {
+    if (c == Command::Exit) close();
+    else RunCommand(session_, c);
     Sync();
   });
   menu->addAction(action);
@@ -82,38 +77,37 @@ QAction* MainWindow::AddCommand(QMenu* menu, Command c, const QString& text, std
 }
 
 void MainWindow::BuildMenus() {
-  Session& s = session_;
   QMenu* gameMenu = menuBar()->addMenu("&Game");
-  AddCommand(gameMenu, Command::NewGame, "New Game", [&s] { NewGameCommand(s, 0); })->setShortcut(QKeySequence::New);
-  AddCommand(gameMenu, Command::NewVariant, "New Variant...", [&s] { NewGameCommand(s, 1); });
+  AddCommand(gameMenu, Command::NewGame, "New Game")->setShortcut(QKeySequence::New);
+  AddCommand(gameMenu, Command::NewVariant, "New Variant...");
   gameMenu->addSeparator();
   AddPdnCommands(gameMenu);
   gameMenu->addSeparator();
-  AddCommand(gameMenu, Command::Exit, "Exit", [this] { close(); });
+  AddCommand(gameMenu, Command::Exit, "Exit");
 
   QMenu* playMenu = menuBar()->addMenu("&Play");
-  AddCommand(playMenu, Command::Compute, "Compute", [&s] { StartComputerMove(s); })->setShortcut(Qt::Key_F5);
-  AddCommand(playMenu, Command::Cancel, "Cancel", [&s] { CancelCommand(s); })->setShortcut(Qt::Key_Escape);
+  AddCommand(playMenu, Command::Compute, "Compute")->setShortcut(Qt::Key_F5);
+  AddCommand(playMenu, Command::Cancel, "Cancel")->setShortcut(Qt::Key_Escape);
   playMenu->addSeparator();
-  AddCommand(playMenu, Command::OfferDraw, "Offer draw", [&s] { DrawOffer(s); });
-  AddCommand(playMenu, Command::Resign, "Resign", [&s] { ResignGame(s); });
+  AddCommand(playMenu, Command::OfferDraw, "Offer draw");
+  AddCommand(playMenu, Command::Resign, "Resign");
   playMenu->addSeparator();
-  AddCommand(playMenu, Command::PlayerComputer, "Player-Computer", [&s] { SetPlayerComputer(s); }, true);
-  AddCommand(playMenu, Command::PlayerPlayer, "Player-Player", [&s] { SetPlayerPlayer(s); }, true);
-  AddCommand(playMenu, Command::ComputerComputer, "Computer-Computer", [&s] { RunComputerComputer(s); }, true);
+  AddCommand(playMenu, Command::PlayerComputer, "Player-Computer", true);
+  AddCommand(playMenu, Command::PlayerPlayer, "Player-Player", true);
+  AddCommand(playMenu, Command::ComputerComputer, "Computer-Computer", true);
 
   QMenu* moveMenu = menuBar()->addMenu("&Move");
-  AddCommand(moveMenu, Command::First, "First", [&s] { FirstCommand(s); })->setShortcut(Qt::CTRL | Qt::Key_Home);
-  AddCommand(moveMenu, Command::Back, "Back", [&s] { BackCommand(s); })->setShortcut(Qt::CTRL | Qt::Key_Left);
-  AddCommand(moveMenu, Command::Forward, "Forward", [&s] { ForwardCommand(s); })->setShortcut(Qt::CTRL | Qt::Key_Right);
-  AddCommand(moveMenu, Command::Last, "Last", [&s] { LastCommand(s); })->setShortcut(Qt::CTRL | Qt::Key_End);
+  AddCommand(moveMenu, Command::First, "First")->setShortcut(Qt::CTRL | Qt::Key_Home);
+  AddCommand(moveMenu, Command::Back, "Back")->setShortcut(Qt::CTRL | Qt::Key_Left);
+  AddCommand(moveMenu, Command::Forward, "Forward")->setShortcut(Qt::CTRL | Qt::Key_Right);
+  AddCommand(moveMenu, Command::Last, "Last")->setShortcut(Qt::CTRL | Qt::Key_End);
 
   boardMenu_ = menuBar()->addMenu("&Board");
-  AddCommand(boardMenu_, Command::TurnBoard, "Turn Board", [&s] { TurnBoardCommand(s); });
+  AddCommand(boardMenu_, Command::TurnBoard, "Turn Board");
   QMenu* notation = boardMenu_->addMenu("Notation");
-  AddCommand(notation, Command::NotationNone, "None", [&s] { SetNotation(s, 2); }, true);
-  AddCommand(notation, Command::NotationAlgebraic, "Algebraic", [&s] { SetNotation(s, 0); }, true);
-  AddCommand(notation, Command::NotationNumeric, "Numeric", [&s] { SetNotation(s, 1); }, true);
+  AddCommand(notation, Command::NotationNone, "None", true);
+  AddCommand(notation, Command::NotationAlgebraic, "Algebraic", true);
+  AddCommand(notation, Command::NotationNumeric, "Numeric", true);
   QMenu* pictures = boardMenu_->addMenu("Picture Set");
   auto* pictureGroup = new QActionGroup(this);
   for (const char* name : {"Classic Small", "Classic Medium", "Classic Big"}) {
@@ -128,8 +122,8 @@ void MainWindow::BuildMenus() {
   }
 
   QMenu* viewMenu = menuBar()->addMenu("&View");
-  AddCommand(viewMenu, Command::Calculation, "Calculation", [&s] { ToggleCalculation(s); }, true);
-  AddCommand(viewMenu, Command::UseSound, "Use Sound", [&s] { ToggleUseSound(s); }, true);
+  AddCommand(viewMenu, Command::Calculation, "Calculation", true);
+  AddCommand(viewMenu, Command::UseSound, "Use Sound", true);
 
   QToolBar* bar = addToolBar("Toolbar1");
   bar->setObjectName("Toolbar1");
@@ -331,7 +325,7 @@ void MainWindow::Sync() {
   }
   label_[9]->setText(Q(sc.Label9));
 
-  SyncList(list1_, sc.List1, sc[Command::List1].Enabled);
+  SyncList(list1_, sc.List1, CommandAvailable(sc, Command::List1));
   if (sc.List1Selected >= 0 && sc.List1Selected < list1_->count()) {
     list1_->setCurrentRow(sc.List1Selected);
     list1_->scrollToItem(list1_->item(sc.List1Selected));
@@ -339,12 +333,12 @@ void MainWindow::Sync() {
     list1_->clearSelection();
     list1_->setCurrentRow(-1);
   }
-  SyncList(list2_, sc.List2, sc[Command::List2].Enabled);
-  SyncList(list3_, sc.List3, sc[Command::List3].Enabled);
+  SyncList(list2_, sc.List2, CommandAvailable(sc, Command::List2));
+  SyncList(list3_, sc.List3, CommandAvailable(sc, Command::List3));
   if (text1_->toPlainText() != Q(sc.Text1)) text1_->setPlainText(Q(sc.Text1));
   if (text2_->text() != Q(sc.Text2)) text2_->setText(Q(sc.Text2));
-  text2_->setEnabled(sc[Command::Text2].Enabled != 0);
-  moveButton_->setEnabled(sc[Command::Text2].Enabled != 0);
+  text2_->setEnabled(CommandAvailable(sc, Command::Text2));
+  moveButton_->setEnabled(CommandAvailable(sc, Command::Text2));
 
   statusPanel_->setText(Q(sc.StatusText));
   strengthPanel_->setText(Q(sc.StrengthText));
@@ -355,10 +349,10 @@ void MainWindow::Sync() {
   }
 
   for (auto& [command, action] : actions_) {
-    action->setEnabled(sc[command].Enabled != 0);
+    action->setEnabled(CommandAvailable(sc, command));
     if (action->isCheckable()) action->setChecked(sc[command].Checked != 0);
   }
-  boardMenu_->setEnabled(sc[Command::BoardMenu].Enabled != 0);
+  boardMenu_->setEnabled(CommandAvailable(sc, Command::BoardMenu));
   syncing_ = false;
 }
 
@@ -428,38 +422,23 @@ void MainWindow::Changed(unsigned) {
   if (!syncing_) Sync();
 }
 
-void MainWindow::StartComputerTurn(TurnReason reason) {
-  turnReason_ = reason;
+void MainWindow::StartEngineJob(const Game& g, EngineJob job) {
   progress_->setMaximum(100);
   progress_->setValue(0);
   progressTimer_->start();
   Sync();
-  Game& g = *game_;
-  const double pause = screen_.ComputerPause;
-  // The worker owns the game until it ends. It hands each move it makes to
-  // this thread and waits while the lists and the board are brought up to date.
-  workerError_.clear();
-  worker_ = QThread::create([this, &g, reason, pause] {
-    try {
-      RunComputerJob(
-          g, reason, pause,
-          [this](const TurnWords& words) {
-            QMetaObject::invokeMethod(
-                this, [this, &words] { EnterComputerMove(session_, words); }, Qt::BlockingQueuedConnection);
-          },
-          &thinking_);
-    } catch (const FatalError& e) {
-      workerError_ = e.what();
-    }
-  });
-  connect(worker_, &QThread::finished, this, &MainWindow::TurnFinished);
-  worker_->start();
+  // The worker thinks on its own copy; the step it hands back is applied here,
+  // on the window thread, once the job is over.
+  worker_.Start(g, std::move(job),
+                [this] { QMetaObject::invokeMethod(this, &MainWindow::JobFinished, Qt::QueuedConnection); });
 }
+
+void MainWindow::StopEngineJob() { worker_.Cancel(); }
 
 // The worker's status, calculation and progress, as far as they have come.
 void MainWindow::ShowThinking() {
   ThinkingReport::Snapshot now;
-  if (!thinking_.Take(now)) return;
+  if (!worker_.live.Take(now)) return;
   if (!now.status.empty()) statusPanel_->setText(Q(now.status));
   if (!now.calculation.empty()) label_[9]->setText(Q(now.calculation));
   if (now.maximum > 0) {
@@ -468,33 +447,51 @@ void MainWindow::ShowThinking() {
   }
 }
 
-void MainWindow::TurnFinished() {
-  worker_->deleteLater();
-  worker_ = nullptr;
+void MainWindow::JobFinished() {
+  if (!worker_.Busy() || ending_) return;
   progressTimer_->stop();
-  if (!workerError_.empty()) {
-    ReportFatal(workerError_.c_str());
+  std::string fatal;
+  const ApplyOnWindow step = worker_.Collect(fatal);
+  if (!fatal.empty()) {
+    EndAfterFatal(fatal);
     return;
   }
-  ComputerTurnFinished(session_, turnReason_);
+  if (step) step(session_);
   Sync();
-  if (closePending_) close();
+  if (closePending_ && !worker_.Busy()) close();
+}
+
+void MainWindow::EndAfterFatal(const std::string& text) {
+  if (ending_) return;
+  ending_ = true;
+  progressTimer_->stop();
+  if (worker_.Busy()) {
+    worker_.Cancel();
+    std::string ignored;
+    worker_.Collect(ignored);
+  }
+  if (messageHook_) messageHook_(text, "Error");
+  else QMessageBox::warning(this, "Error", Q(text));
+  game_->Settings.ConfirmExit = 0;
+  close();
+  QCoreApplication::exit(1);
 }
 
 bool MainWindow::ShowVariantsDialog() { return gui::ShowVariantsDialog(this, *game_); }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (worker_) {
-    // Stop the search first; the window closes when the worker has ended.
+  if (worker_.Busy() && !ending_) {
+    // Stop the search first; the window closes when its move has been applied.
     closePending_ = true;
-    game_->StopRequest = 1;
+    CancelCommand(session_);
     event->ignore();
     return;
   }
-  if (!closePending_ && !ConfirmClose(session_)) {
+  if (!closePending_ && !ending_ && !ConfirmClose(session_)) {
     event->ignore();
     return;
   }
+  UnloadMainWindow(session_);
   event->accept();
 }
 

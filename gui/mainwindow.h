@@ -17,7 +17,6 @@ class QListWidget;
 class QPlainTextEdit;
 class QProgressBar;
 class QPushButton;
-class QThread;
 class QTimer;
 class QWidget;
 
@@ -37,7 +36,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   Session& session() { return session_; }
   BoardWidget* board() { return board_; }
   QAction* action(Command c) { return actions_.count(c) ? actions_[c] : nullptr; }
-  bool ComputerThinking() const { return worker_ != nullptr; }
+  bool ComputerThinking() const { return worker_.Busy(); }
 
   // Boxes and questions go to `hook` instead of modal dialogs (questions are
   // answered Yes): for tests that drive the window.
@@ -52,10 +51,15 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void SetPointer(ImageRole icon) override;
   PopupItem RunSetupPopup(const PopupChecks& checks) override;
   void Changed(unsigned parts) override;
-  void StartComputerTurn(TurnReason reason) override;
+  void StartEngineJob(const Game& g, EngineJob job) override;
+  void StopEngineJob() override;
   bool ShowVariantsDialog() override;
   bool ShowPdnChooser(PdnChooserForm& form) override;
   void ShowDetailsDialog(PdnTags& tags) override;
+
+  // A fatal error: stops the worker, shows the program's words in the box,
+  // then closes the window by the normal way out and ends the program.
+  void EndAfterFatal(const std::string& text);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -64,10 +68,10 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void BuildMenus();
   void AddPdnCommands(QMenu* gameMenu);  // Open PDN..., Save PDN..., Details...
   void BuildPanels();
-  QAction* AddCommand(QMenu* menu, Command c, const QString& text, std::function<void()> run, bool checkable = false);
+  QAction* AddCommand(QMenu* menu, Command c, const QString& text, bool checkable = false);
   void Sync();
   void SyncList(QListWidget* list, const std::vector<std::string>& rows, int enabled);
-  void TurnFinished();
+  void JobFinished();
   void ShowThinking();
 
   std::unique_ptr<Game> game_;
@@ -92,12 +96,10 @@ class MainWindow : public QMainWindow, public WindowLayer {
   QLabel* productPanel_ = nullptr;
   QProgressBar* progress_ = nullptr;
 
-  QThread* worker_ = nullptr;
-  std::string workerError_;  // a fatal error the worker met
-  TurnReason turnReason_ = TurnReason::Reply;
+  EngineWorker worker_;
   QTimer* progressTimer_ = nullptr;
-  ThinkingReport thinking_;  // the worker's words while it thinks
   bool closePending_ = false;
+  bool ending_ = false;  // a fatal error is closing the window
   bool syncing_ = false;
   int shownSkin_ = -1;
 };

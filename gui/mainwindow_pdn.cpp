@@ -21,6 +21,7 @@ void MainWindow::AddPdnCommands(QMenu* gameMenu) {
     const QString path = QFileDialog::getOpenFileName(this, "Load Game", QString(), PdnFilter);
     if (path.isEmpty()) return;
     LoadPdnCommand(session_, path.toStdString(), 0);
+    Sync();
   });
   QAction* save = gameMenu->addAction("Save PDN...");
   connect(save, &QAction::triggered, this, [this] {
@@ -31,9 +32,13 @@ void MainWindow::AddPdnCommands(QMenu* gameMenu) {
     // A PDN file gathers games: the game is appended, never asked about.
     if (!path.endsWith(".pdn", Qt::CaseInsensitive)) path += ".pdn";
     SavePdnCommand(session_, path.toStdString());
+    Sync();
   });
   QAction* details = gameMenu->addAction("Details...");
-  connect(details, &QAction::triggered, this, [this] { DetailsCommand(session_); });
+  connect(details, &QAction::triggered, this, [this] {
+    if (screen_.Busy == 1) return;
+    DetailsCommand(session_);
+  });
 }
 
 bool MainWindow::ShowPdnChooser(PdnChooserForm& form) { return ShowPdnDialog(this, form); }

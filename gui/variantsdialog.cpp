@@ -196,8 +196,7 @@ VariantsDialog::VariantsDialog(Game& g, QWidget* parent) : QDialog(parent), g_(g
 
   for (std::size_t i = 1; i < tabOrder_.size(); ++i) setTabOrder(tabOrder_[i - 1], tabOrder_[i]);
 
-  Guarded([this] { OpenVariantsForm(form_, g_); });
-  ShowForm();
+  if (Guarded([this] { OpenVariantsForm(form_, g_); })) ShowForm();
 }
 
 QWidget* VariantsDialog::BuildTopRow() {
@@ -401,17 +400,16 @@ void VariantsDialog::Check3Clicked(bool on) {
 void VariantsDialog::VariantChosen(const QString& name) {
   if (showing_) return;
   ReadWidgets();
-  Guarded([&] { SelectVariant(form_, g_, name.toStdString()); });
-  ShowForm();
+  if (Guarded([&] { SelectVariant(form_, g_, name.toStdString()); })) ShowForm();
 }
 
 void VariantsDialog::FolderChosen(int useClassic) {
   ReadWidgets();
-  Guarded([&] {
+  const bool read = Guarded([&] {
     ChooseVariantFolder(form_, g_, useClassic);
     if (!form_.Combo1.empty()) SelectVariant(form_, g_, form_.Combo1);
   });
-  ShowForm();
+  if (read) ShowForm();
 }
 
 void VariantsDialog::RandomClicked() {
@@ -434,19 +432,24 @@ bool VariantsDialog::StoreClicked(bool isOK) {
 void VariantsDialog::LinkClicked() { QDesktopServices::openUrl(QUrl(QString::fromStdString(g_.HelpLink))); }
 
 template <class Action>
-void VariantsDialog::Guarded(Action action) {
+bool VariantsDialog::Guarded(Action action) {
   try {
     action();
+    return true;
   } catch (const FatalError& e) {
-    QMessageBox::warning(this, "Error", QString::fromStdString(e.what()));
-    QCoreApplication::exit(1);
+    // Nothing goes on in the dialog: it closes and the error goes on to the
+    // caller, which ends the program in order.
+    fatal_ = e.what();
     reject();
+    return false;
   }
 }
 
 bool ShowVariantsDialog(QWidget* parent, Game& g) {
   VariantsDialog dialog(g, parent);
-  return dialog.exec() == QDialog::Accepted;
+  const bool accepted = dialog.FatalText().empty() && dialog.exec() == QDialog::Accepted;
+  if (!dialog.FatalText().empty()) throw FatalError(dialog.FatalText());
+  return accepted;
 }
 
 bool RunVariantsDialog(QWidget* parent, Game& g) {

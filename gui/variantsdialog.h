@@ -2,6 +2,7 @@
 // dlgVariants: the rules of the game, every key of the rule set, chosen from a
 // classic or user variant, edited by hand or drawn at random.
 #include <QDialog>
+#include <string>
 #include <vector>
 
 #include "core/game.h"
@@ -27,6 +28,8 @@ class VariantsDialog : public QDialog {
   Q_OBJECT
  public:
   VariantsDialog(Game& g, QWidget* parent = nullptr);
+  // The fatal error that closed the dialog, empty when none did.
+  const std::string& FatalText() const { return fatal_; }
 
  private:
   struct CheckControl {
@@ -57,14 +60,16 @@ class VariantsDialog : public QDialog {
   void RandomClicked();
   bool StoreClicked(bool isOK);
   void LinkClicked();
-  // Runs an action that may read a variant file; a file that cannot be read
-  // ends the program.
+  // Runs an action that may read a variant file. A file that cannot be read
+  // closes the dialog with its fatal error, and false is returned: the
+  // caller does nothing more.
   template <class Action>
-  void Guarded(Action action);
+  bool Guarded(Action action);
 
   Game& g_;
   VariantsForm form_;
   bool showing_ = false;
+  std::string fatal_;
   std::vector<CheckControl> checks_;
   std::vector<NumberControl> numbers_;
   std::vector<QWidget*> tabOrder_;

@@ -18,7 +18,39 @@
 namespace qv {
 
 void EnableCommand(Session& s, Command c, int enabled) { s.screen[c].Enabled = enabled; }
+
 void CheckCommand(Session& s, Command c, int checked) { s.screen[c].Checked = checked; }
+
+bool CommandAvailable(const Screen& sc, Command c) {
+  if (sc[c].Enabled == 0) return false;
+  return sc.Busy == 0 || c == Command::Cancel || c == Command::Exit;
+}
+
+void RunCommand(Session& s, Command c) {
+  if (!CommandAvailable(s.screen, c)) return;
+  switch (c) {
+    case Command::NewGame: return NewGameCommand(s, 0);
+    case Command::NewVariant: return NewGameCommand(s, 1);
+    case Command::Compute: return StartComputerMove(s);
+    case Command::Cancel: return CancelCommand(s);
+    case Command::First: return FirstCommand(s);
+    case Command::Back: return BackCommand(s);
+    case Command::Forward: return ForwardCommand(s);
+    case Command::Last: return LastCommand(s);
+    case Command::OfferDraw: return DrawOffer(s);
+    case Command::Resign: return ResignGame(s);
+    case Command::PlayerComputer: return SetPlayerComputer(s);
+    case Command::PlayerPlayer: return SetPlayerPlayer(s);
+    case Command::ComputerComputer: return RunComputerComputer(s);
+    case Command::TurnBoard: return TurnBoardCommand(s);
+    case Command::NotationNone: return SetNotation(s, 2);
+    case Command::NotationAlgebraic: return SetNotation(s, 0);
+    case Command::NotationNumeric: return SetNotation(s, 1);
+    case Command::Calculation: return ToggleCalculation(s);
+    case Command::UseSound: return ToggleUseSound(s);
+    default: return;  // not a menu command, or not built yet
+  }
+}
 
 namespace {
 
@@ -76,7 +108,6 @@ void BeginThinking(Session& s) {
   for (Command c : ThinkingDisables) EnableCommand(s, c, 0);
   EnableCommand(s, Command::Cancel, 1);
   sc.ProgressValue = 0;
-  g.StopRequest = 0;
   s.window.Changed(Part::All);
 }
 
@@ -115,11 +146,24 @@ void RemoveMenIfAsked(Session& s) {
   }
 }
 
+// The computer's turn on the worker; Computer-Computer play starts the next
+// one from the step that played the last, until the game ends or Cancel is
+// pressed.
+void StartTurnJob(Session& s, TurnReason reason, double wait) {
+  s.window.StartEngineJob(s.game, ComputerTurnJob(wait, s.screen.ComputerPause > 0, [reason](Session& s, bool moved) {
+                            const bool goOn = reason == TurnReason::ComputerComputer && moved &&
+                                              s.game.GameOver == 0 && s.screen[Command::Cancel].Enabled == 1 &&
+                                              s.game.HalfMoveCount < RecordSize - 2;
+                            if (goOn) StartTurnJob(s, reason, s.screen.ComputerPause);
+                            else ComputerTurnFinished(s, reason);
+                          }));
+}
+
 }  // namespace
 
 void BeginComputerTurn(Session& s, TurnReason reason) {
   BeginThinking(s);
-  s.window.StartComputerTurn(reason);
+  StartTurnJob(s, reason, 0.0);
 }
 
 void ShowNewGame(Session& s) {
@@ -236,7 +280,7 @@ void ComputerTurnFinished(Session& s, TurnReason reason) {
 }
 
 void CancelCommand(Session& s) {
-  s.game.StopRequest = 1;
+  s.window.StopEngineJob();
   EnableCommand(s, Command::Cancel, 0);
   s.window.Changed(Part::Commands);
 }
@@ -367,6 +411,7 @@ void ToggleUseSound(Session& s) {
 }
 
 void SelectSkin(Session& s, const std::string& name) {
+  if (!CommandAvailable(s.screen, Command::BoardMenu)) return;
   Options& o = s.game.Settings;
   if (name == "Classic Small") o.SkinKind = 0;
   else if (name == "Classic Medium") o.SkinKind = 2;
@@ -379,6 +424,10 @@ void SelectSkin(Session& s, const std::string& name) {
 bool ConfirmClose(Session& s) {
   if (s.game.Settings.ConfirmExit != 1) return true;
   return s.window.AskYesNo("Are you sure you want to exit?", "Confirmation");
+}
+
+void UnloadMainWindow(Session&) {
+  // Nothing is kept at exit yet.
 }
 
 }  // namespace qv

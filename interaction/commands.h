@@ -7,6 +7,14 @@ namespace qv {
 void EnableCommand(Session& s, Command c, int enabled);
 void CheckCommand(Session& s, Command c, int checked);
 
+// Whether a command can run now: it is enabled and, while the computer thinks
+// (Busy), it is Cancel or Exit. This is the one gate that keeps every other
+// command off the game until the engine's job has been applied.
+bool CommandAvailable(const Screen& sc, Command c);
+// A menu item or toolbar button, when it is available. Exit is left to the
+// window, which closes itself (and so runs UnloadMainWindow).
+void RunCommand(Session& s, Command c);
+
 // What a new game shows: status, lists and the commands that open a game.
 void ShowNewGame(Session& s);
 
@@ -45,5 +53,9 @@ void SelectSkin(Session& s, const std::string& name);
 
 // The close box: true when the window may close.
 bool ConfirmClose(Session& s);
+// The program's one way out, after Exit, the close box or a fatal error: the
+// main window runs it as it closes, once no engine job is left running. What
+// must be kept at exit (settings, the autosave) is written here.
+void UnloadMainWindow(Session& s);
 
 }  // namespace qv

@@ -38,48 +38,38 @@ class WindowDriverUi : public DriverUi {
     s_.window.ShowMessage(text, caption, caption == "Error" ? BoxIcon::Warning : BoxIcon::Information);
   }
   bool AskYesNo(const std::string& caption, const std::string& text) override { return s_.window.AskYesNo(text, caption); }
+  // The computer's move entered the record: it goes into the game list and
+  // onto the board before anything the turn says about it.
+  void MoveRecorded(int halfMove) override {
+    const Game& g = s_.game;
+    const MoveRecord& move = g.Record.GameMoves[halfMove];
+    const std::string moveText = MoveTextOf(move.FromSquare, move.ToSquare, g.Settings.NotationKind);
+    if (static_cast<int>(s_.screen.List1.size()) > halfMove - 1) s_.screen.List1.resize(halfMove - 1);
+    WriteMoveToList(s_, moveText, DisplayText(g, moveText), MoverComputer);
+    s_.screen.List1Selected = halfMove - 1;
+    RefreshBoard(s_, 0);
+    s_.window.Changed(Part::Board | Part::Lists | Part::Status | Part::Texts);
+  }
 
  private:
   Session& s_;
 };
 
-// The engine's words while it thinks on the worker thread: kept for the
-// window thread, which shows them once the move is on the board, and followed
-// live through `live` when the window asks for it.
-class DeferredDriverUi : public DriverUi {
+// The engine's words while it thinks on the worker: followed live by the
+// window.
+class LiveDriverUi : public DriverUi {
  public:
-  // Without pauses (pauses false) the computer moves as fast as it thinks.
-  DeferredDriverUi(const Game& g, ThinkingReport* live, bool pauses) : g_(g), live_(live), pauses_(pauses) {}
-  void SetStatus(const std::string& text) override {
-    words.status = text;
-    if (live_) live_->SetStatus(text);
-  }
-  void SetCalculation(const std::string& text) override {
-    words.calculation = text;
-    if (live_) live_->SetCalculation(text);
-  }
-  void SetProgress(int value, int maximum) override {
-    if (live_) live_->SetProgress(value, maximum);
-  }
-  void ShowMessage(const std::string& caption, const std::string& text) override {
-    words.boxCaption = caption;
-    words.boxText = text;
-  }
+  LiveDriverUi(const Game& g, ThinkingReport& live, bool pauses) : g_(g), live_(live), pauses_(pauses) {}
+  void SetStatus(const std::string& text) override { live_.SetStatus(text); }
+  void SetCalculation(const std::string& text) override { live_.SetCalculation(text); }
+  void SetProgress(int value, int maximum) override { live_.SetProgress(value, maximum); }
   void Pause(double seconds) override {
     if (pauses_) PauseUnlessCancelled(g_, seconds);
   }
-  // The question waits for the window: the move must be on the board first.
-  bool AskYesNo(const std::string& caption, const std::string& text) override {
-    words.questionCaption = caption;
-    words.question = text;
-    return false;
-  }
-
-  TurnWords words;
 
  private:
   const Game& g_;
-  ThinkingReport* live_;
+  ThinkingReport& live_;
   bool pauses_;
 };
 
@@ -121,43 +111,18 @@ void EndGameByResignation(Session& s) {
   g.GameOver = 1;
 }
 
-void RunComputerJob(Game& g, TurnReason reason, double pause,
-                    const std::function<void(const TurnWords&)>& moveEntered, ThinkingReport* live) {
-  do {
-    if (g.GameOver == 1) break;
-    DeferredDriverUi ui(g, live, pause > 0);
-    if (!ComputerMove(g, ui).moved) break;
-    if (moveEntered) moveEntered(ui.words);
-    // A Cancel during the search leaves SearchCancelled set: the move found
-    // so far is played and the loop ends. A Cancel during the pause leaves
-    // StopRequest set.
-    if (reason != TurnReason::ComputerComputer || g.SearchCancelled == 1) break;
-    PauseUnlessCancelled(g, pause);
-  } while (g.GameOver == 0 && g.StopRequest == 0 && g.HalfMoveCount < RecordSize - 2);
-  g.StopRequest = 0;
-}
-
-void EnterComputerMove(Session& s, const TurnWords& words) {
-  Game& g = s.game;
-  const int n = g.HalfMoveCount;
-  // The engine has entered the move in the record already; MoveStack may have
-  // been reused since, by the end-of-game checks.
-  const MoveRecord& move = g.Record.GameMoves[n];
-  const std::string moveText = MoveTextOf(move.FromSquare, move.ToSquare, g.Settings.NotationKind);
-  if (static_cast<int>(s.screen.List1.size()) > n - 1) s.screen.List1.resize(n - 1);
-  WriteMoveToList(s, moveText, DisplayText(g, moveText), MoverComputer);
-  s.screen.List1Selected = n - 1;
-  RefreshBoard(s, 0);
-  // What the engine said while it thought, now that the move stands.
-  if (!words.calculation.empty()) s.screen.Label9 = words.calculation;
-  s.screen.StatusText = words.status;
-  s.window.Changed(Part::Board | Part::Lists | Part::Status | Part::Texts);
-  if (!words.boxText.empty()) s.window.ShowMessage(words.boxText, words.boxCaption, BoxIcon::Information);
-  // The computer's draw offer; accepted, the game ends here and the commands
-  // follow when the turn is over.
-  WindowDriverUi ui(s);
-  if (!words.question.empty() && g.GameOver == 0 && ui.AskYesNo(words.questionCaption, words.question))
-    DeclareDraw(g, ui);
+EngineJob ComputerTurnJob(double wait, bool pauses, std::function<void(Session&, bool moved)> then) {
+  return [wait, pauses, then = std::move(then)](Game& work, ThinkingReport& live) -> ApplyOnWindow {
+    PauseUnlessCancelled(work, wait);
+    if (work.StopRequest != 0) return [then](Session& s) { then(s, false); };
+    LiveDriverUi ui(work, live, pauses);
+    TurnDecision decision = ThinkComputerMove(work, ui);
+    return [decision = std::move(decision), then](Session& s) {
+      WindowDriverUi ui(s);
+      const bool moved = PlayComputerMove(s.game, decision, ui).moved;
+      then(s, moved && s.game.SearchCancelled == 0);
+    };
+  };
 }
 
 }  // namespace qv

@@ -2,7 +2,6 @@
 // The places where move entry and the commands call into the engine: the
 // checks after a move, the computer's turn, the analysis and hint state.
 #include <functional>
-#include <mutex>
 #include <string>
 
 #include "interaction/session.h"
@@ -27,65 +26,13 @@ int LastSearchValue(const Game& g);
 void EndGameByAgreement(Session& s);
 void EndGameByResignation(Session& s);
 
-// What the computer is doing while it thinks, written by the worker and read
-// by the window a few times a second: the status line, the running
-// calculation and the progress bar.
-class ThinkingReport {
- public:
-  struct Snapshot {
-    std::string status, calculation;
-    int progress = 0, maximum = 0;
-  };
-  void SetStatus(const std::string& text) { Update([&](Snapshot& s) { s.status = text; }); }
-  void SetCalculation(const std::string& text) { Update([&](Snapshot& s) { s.calculation = text; }); }
-  void SetProgress(int value, int maximum) {
-    Update([&](Snapshot& s) {
-      s.progress = value;
-      s.maximum = maximum;
-    });
-  }
-  // The state since the last call, or false when nothing changed.
-  bool Take(Snapshot& out) {
-    std::lock_guard hold(lock_);
-    if (!changed_) return false;
-    out = now_;
-    changed_ = false;
-    return true;
-  }
-
- private:
-  template <class F>
-  void Update(F change) {
-    std::lock_guard hold(lock_);
-    change(now_);
-    changed_ = true;
-  }
-  std::mutex lock_;
-  Snapshot now_;
-  bool changed_ = false;
-};
-
-// What a computer turn on the worker said, for the window thread to show once
-// the move is on the board: the last status and calculation, a box, and the
-// draw offer the turn could not ask itself.
-struct TurnWords {
-  std::string status, calculation;
-  std::string boxCaption, boxText;
-  std::string questionCaption, question;
-};
-
-// Runs on the worker thread: the computer's move, or for Computer-Computer
-// play its moves until the game ends or Cancel is pressed. After each move
-// `moveEntered` is called (on the worker) with what the turn said; the window
-// enters the move into its lists from there. `pause` is the wait between two moves of
-// Computer-Computer play; with 0 the engine's own short pauses are skipped
-// too. Cancel cuts every wait short. `live`, when given, follows the thinking
-// as it goes.
-void RunComputerJob(Game& g, TurnReason reason, double pause,
-                    const std::function<void(const TurnWords&)>& moveEntered, ThinkingReport* live = nullptr);
-
-// Back on the window thread after a computer move: lists, board, and what the
-// turn said.
-void EnterComputerMove(Session& s, const TurnWords& words);
+// The computer's turn as an engine job. After `wait` seconds (cut short by
+// Cancel; the wait between two moves of Computer-Computer play) it thinks on
+// the worker's copy of the game, with the engine's own short pauses when
+// `pauses` is set. The step it hands back plays the decided
+// move on the window's game, entering it in the lists and showing what the
+// turn said as the turn's steps come, then calls `then` with true when the
+// computer moved and no Cancel came.
+EngineJob ComputerTurnJob(double wait, bool pauses, std::function<void(Session&, bool moved)> then);
 
 }  // namespace qv

@@ -1,11 +1,13 @@
 #pragma once
 // What the interaction code needs from whatever draws the window: modal boxes,
 // sounds, the pointer, the set-up popup, a note that some part of the screen
-// changed, and a worker that runs the computer's turn. The Qt main window
+// changed, and a worker that runs engine jobs (the computer's turn) on a copy
+// of the game. The Qt main window
 // implements it; the tests implement it with a recorder.
 #include <filesystem>
 #include <string>
 
+#include "interaction/engine_worker.h"
 #include "interaction/screen.h"
 
 namespace qv {
@@ -43,9 +45,12 @@ class WindowLayer {
   virtual PopupItem RunSetupPopup(const PopupChecks& checks) = 0;
   // Some of the screen's state changed: the window redraws what the parts name.
   virtual void Changed(unsigned parts) = 0;
-  // Starts the computer's turn (RunComputerJob). The window calls
-  // ComputerTurnFinished on its own thread when the job is over.
-  virtual void StartComputerTurn(TurnReason reason) = 0;
+  // Runs `job` on the worker over a copy of g. When it is over the window
+  // runs the step the job handed back on its own thread (a fatal error of the
+  // job ends the program instead). One job at a time.
+  virtual void StartEngineJob(const Game& g, EngineJob job) = 0;
+  // Cancel: the running job's search moves at once.
+  virtual void StopEngineJob() = 0;
   // The rules dialog of "New Variant..."; it may change RuleSet. Windows
   // without it leave the rules as they are.
   virtual bool ShowVariantsDialog() { return false; }

@@ -1,8 +1,10 @@
 #pragma once
 // A window layer for tests: it records boxes and sounds, answers questions and
-// the set-up popup as told, and runs the computer's turn at once.
+// the set-up popup as told, and runs the engine's jobs to their end at once
+// or, when `threaded`, on the worker while the test goes on clicking.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,8 +26,12 @@ struct RecordingWindow : WindowLayer {
   PopupChecks lastPopup;
   int popups = 0;
   bool answerYes = true;
-  int turns = 0;
-  bool runTurns = true;  // false: the turn is left pending, as if the worker were still thinking
+  int turns = 0;   // engine jobs started
+  int stops = 0;   // Cancel passed on to the job
+  bool runTurns = true;  // false: the job is left pending, as if the worker were still thinking
+  bool threaded = false;  // true: jobs run on the worker; Pump applies them when they are done
+  std::vector<std::string> fatals;  // fatal errors the jobs met
+  EngineWorker worker;
 
   void ShowMessage(const std::string& text, const std::string& caption, BoxIcon) override {
     messages.push_back(caption + ": " + text);
@@ -42,12 +48,38 @@ struct RecordingWindow : WindowLayer {
     return popupAnswer;
   }
   void Changed(unsigned) override {}
-  void StartComputerTurn(TurnReason reason) override {
+  void StartEngineJob(const Game& g, EngineJob job) override {
     ++turns;
     if (!runTurns) return;
-    RunComputerJob(session->game, reason, 0.0, [this](const TurnWords& words) { EnterComputerMove(*session, words); });
-    ComputerTurnFinished(*session, reason);
+    jobDone_ = false;
+    worker.Start(g, std::move(job), [this] { jobDone_ = true; });
+    if (threaded || applying_) return;
+    // A step may start the next job (Computer-Computer play): run them all here.
+    applying_ = true;
+    while (worker.Busy()) ApplyJob();
+    applying_ = false;
   }
+  void StopEngineJob() override {
+    ++stops;
+    worker.Cancel();
+  }
+  // In threaded mode, the window thread's part: applies a job that is done.
+  // False when no job is left.
+  bool Pump() {
+    if (!worker.Busy()) return false;
+    if (jobDone_) ApplyJob();
+    return true;
+  }
+
+ private:
+  void ApplyJob() {
+    std::string fatal;
+    ApplyOnWindow step = worker.Collect(fatal);
+    if (!fatal.empty()) fatals.push_back(fatal);
+    else if (step) step(*session);
+  }
+  std::atomic<bool> jobDone_{false};
+  bool applying_ = false;
 };
 
 class InteractionTest : public ::testing::Test {

@@ -263,7 +263,7 @@ TEST_F(MoveEntryTest, TheComputerRepliesAndBusyBlocksTheBoard) {
   ClickGameList(session, 0);
   EXPECT_EQ(game->HalfMoveCount, 2);
   CancelCommand(session);
-  EXPECT_EQ(game->StopRequest, 1);
+  EXPECT_EQ(window.stops, 1);
   EXPECT_EQ(screen[Command::Cancel].Enabled, 0);
   ComputerTurnFinished(session, TurnReason::Compute);
   EXPECT_EQ(screen.Busy, 0);

@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "core/board.h"
+#include "core/fatal.h"
 #include "core/makemove.h"
 #include "gui/boardwidget.h"
 #include "gui/mainwindow.h"
@@ -107,6 +108,22 @@ TEST(MainWindow, ClosingDuringComputerComputerStopsTheGameFirst) {
   QApplication::processEvents();
   EXPECT_FALSE(window->isVisible());
   EXPECT_EQ(window->game().Settings.PlayMode, 0);
+}
+
+TEST(MainWindow, AFatalErrorOnTheWorkerStopsThenShowsTheBoxThenCloses) {
+  std::vector<std::string> messages;
+  auto window = OpenWindow(messages);
+  const int before = window->game().HalfMoveCount;
+  window->StartEngineJob(window->game(), [](Game& work, ThinkingReport&) -> ApplyOnWindow {
+    work.Board[55] = WhiteKing;  // half-changed, on the worker's copy only
+    throw FatalError("X=-1 K=0 Fatal Error! Quorvanis will exit.");
+  });
+  ASSERT_TRUE(WaitUntil([&] { return !window->isVisible(); }));
+  EXPECT_FALSE(window->ComputerThinking());
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_EQ(messages[0], "Error: X=-1 K=0 Fatal Error! Quorvanis will exit.");
+  EXPECT_EQ(window->game().HalfMoveCount, before);
+  EXPECT_NE(window->game().Board[55], WhiteKing);
 }
 
 }  // namespace qv::gui
