@@ -102,6 +102,7 @@ TEST(DetailsDialog, ApplyOkAndCancel) {
 #include <QLabel>
 #include <QListWidget>
 #include <QStatusBar>
+#include <QTimer>
 #include <fstream>
 
 #include "gui/mainwindow.h"
@@ -124,18 +125,20 @@ TEST(PdnWindow, OpenedGameIsShown) {
     messages.push_back(caption + ": " + text);
   });
   window.show();
-  // The chooser is answered by its default row: a window layer that
-  // accepts at once stands in for the modal dialog.
+  // The chooser's first row is taken: a window layer that answers the chooser
+  // at once stands in for the modal dialog (which the test above presses)
+  // and hands everything else to the window.
   struct Accepting : WindowLayer {
     WindowLayer& inner;
     explicit Accepting(WindowLayer& w) : inner(w) {}
     void ShowMessage(const std::string& t, const std::string& c, BoxIcon i) override { inner.ShowMessage(t, c, i); }
     bool AskYesNo(const std::string& t, const std::string& c) override { return inner.AskYesNo(t, c); }
-    void PlaySound(const std::filesystem::path&) override {}
-    void SetPointer(ImageRole) override {}
-    PopupItem RunSetupPopup(const PopupChecks&) override { return PopupItem::None; }
+    void PlaySound(const std::filesystem::path& f) override { inner.PlaySound(f); }
+    void SetPointer(ImageRole icon) override { inner.SetPointer(icon); }
+    PopupItem RunSetupPopup(const PopupChecks& checks) override { return inner.RunSetupPopup(checks); }
     void Changed(unsigned parts) override { inner.Changed(parts); }
-    void StartComputerTurn(TurnReason) override {}
+    void StartEngineJob(const Game& g, EngineJob job) override { inner.StartEngineJob(g, std::move(job)); }
+    void StopEngineJob() override { inner.StopEngineJob(); }
     bool ShowPdnChooser(PdnChooserForm&) override { return true; }
   } accepting(window);
   Session session{window.game(), window.screen(), accepting};
