@@ -95,6 +95,25 @@ struct VariantFlags {
   int SearchFlavour = 1;
 };
 
+// What the fast evaluations derive from the rules and the promotion table:
+// each piece's terms that depend on its square alone, and the lines behind
+// the crowning squares that the back-rank term reads. Built on first use and
+// again whenever the crowning squares, the movement or the promotion table
+// change.
+struct FastEvalTables {
+  int Built = 0;
+  int Kind = -1;
+  int PromoKey[2][4]{};
+  int StepKey[4][9]{};
+  int PieceSquare[5][120]{};  // by piece value + 2
+  struct Line {
+    int s, m, t, straight;
+  };
+  int LinesUsable = 0;  // 0: the back-rank term is counted square by square
+  int LineCount[2]{};
+  Line Lines[2][64]{};
+};
+
 // The direction table of the default movement texts.
 inline DirectionTable DefaultDirTable() {
   DirectionTable table;
@@ -187,6 +206,7 @@ struct Game {
   // What the evaluation and the search keep between nodes and turns.
   Table<Table<int, 2>, 120> PromoApproach;
   Table<Table<int, 2>, 120> PromoReach;
+  FastEvalTables FastEval;
   int RuleLossPending = 0;
   int NoiseRange = 0;
   int BackRankActive = 1;

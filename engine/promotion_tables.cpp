@@ -48,6 +48,7 @@ void ScanPromoCones(Game& g) {
 // +30, +20, +10 for White on its crowning squares and the squares one and two
 // steps before them; -30, -20, -10 for Black.
 void BuildPromoTable(Game& g) {
+  g.FastEval.Built = 0;
   for (auto& row : g.PromoApproach) row.Fill(0);
   for (int c = 0; c < 2; ++c) {
     const auto& list = g.RuleSet.PromoSquares[c];

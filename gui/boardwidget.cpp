@@ -76,10 +76,11 @@ void BoardWidget::paintEvent(QPaintEvent*) {
     const double left = std::round(origin.x() + (index % 8) * sq), top = std::round(origin.y() + (index / 8) * sq);
     const double right = std::round(origin.x() + (index % 8 + 1) * sq), bottom = std::round(origin.y() + (index / 8 + 1) * sq);
     const QRectF cell(left, top, right - left, bottom - top);
-    PaintPicture(p, view.Image, cell, o.SkinKind);
+    PaintSetPicture(p, view.Image, cell, o.SkinKind, skin_);
     if (view.Boxed) {
       const bool dark = view.Image != ImageRole::EmptyLight && (view.Image < ImageRole::LightBlackKing);
-      p.setPen(QPen(HighlightColour(dark), 2));
+      const QColor box = o.SkinKind == 4 ? ColourFromBgr(dark ? sc.HighlightDark : sc.HighlightLight) : HighlightColour(dark);
+      p.setPen(QPen(box, 2));
       p.setBrush(Qt::NoBrush);
       const double a = 16.0 / tpp + 1, b = (SquareTwips(o.SkinKind, sc.SkinBoardSize, tpp) - 26.0) / tpp;
       p.drawRect(QRectF(left + a, top + a, b - a, b - a));

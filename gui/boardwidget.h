@@ -4,6 +4,7 @@
 // of move entry, in twips relative to the square pressed.
 #include <QWidget>
 
+#include "gui/skinpictures.h"
 #include "interaction/session.h"
 
 namespace qv::gui {
@@ -20,6 +21,8 @@ class BoardWidget : public QWidget {
   QPointF BoardOrigin() const;
   // The centre of a SquareView cell, in widget coordinates.
   QPoint SquareCentre(int index) const;
+  // The pictures of a skin file, used while SkinKind is 4.
+  SkinPictures& Skin() { return skin_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -33,6 +36,7 @@ class BoardWidget : public QWidget {
   QPoint TwipsFrom(int index, QPointF pos) const;
 
   Session& session_;
+  SkinPictures skin_;
   int pressedIndex_ = -1;  // the square that holds the mouse while a button is down
 };
 

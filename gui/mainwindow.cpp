@@ -26,6 +26,7 @@
 #include "core/fatal.h"
 #include "gui/application.h"
 #include "gui/boardwidget.h"
+#include "gui/optionsdialog.h"
 #include "gui/pictureset.h"
 #include "gui/sound.h"
 #include "gui/toolicons.h"
@@ -33,6 +34,8 @@
 #include "interaction/commands.h"
 #include "interaction/engine_calls.h"
 #include "interaction/movelist.h"
+#include "interaction/optionsform.h"
+#include "interaction/skins.h"
 
 namespace qv::gui {
 
@@ -83,6 +86,8 @@ void MainWindow::BuildMenus() {
   gameMenu->addSeparator();
   AddPdnCommands(gameMenu);
   gameMenu->addSeparator();
+  AddCommand(gameMenu, Command::Options, "Options...")->setShortcut(QKeySequence::Preferences);
+  gameMenu->addSeparator();
   AddCommand(gameMenu, Command::Exit, "Exit");
 
   QMenu* playMenu = menuBar()->addMenu("&Play");
@@ -116,7 +121,7 @@ void MainWindow::BuildMenus() {
     a->setChecked(game_->Settings.SkinName == name);
     pictureGroup->addAction(a);
     connect(a, &QAction::triggered, this, [this, name] {
-      SelectSkin(session_, name);
+      PictureSetCommand(session_, name);
       Sync();
     });
   }
@@ -153,6 +158,7 @@ void MainWindow::BuildMenus() {
   button(Command::ComputerComputer, "Computer-Computer");
   bar->addSeparator();
   button(Command::TurnBoard, "Turn Board");
+  button(Command::Options, "Options");
 }
 
 void MainWindow::BuildPanels() {
@@ -296,8 +302,8 @@ void MainWindow::Sync() {
   const Screen& sc = screen_;
   const BoardView& v = sc.View;
   setWindowTitle(Q(sc.Title));
-  if (shownSkin_ != game_->Settings.SkinKind) {
-    shownSkin_ = game_->Settings.SkinKind;
+  // A new picture set or skin may bring a board of another size.
+  if (board_->size() != board_->sizeHint()) {
     board_->updateGeometry();
     board_->setFixedSize(board_->sizeHint());
     // The window takes the size of the new board once the layout has settled.
@@ -390,7 +396,8 @@ void MainWindow::SetPointer(ImageRole icon) {
     board_->unsetCursor();
     return;
   }
-  const QPixmap pixmap = CarryPixmap(icon, devicePixelRatioF());
+  const QPixmap pixmap =
+      game_->Settings.SkinKind == 4 ? board_->Skin().Icon(icon, devicePixelRatioF()) : CarryPixmap(icon, devicePixelRatioF());
   board_->setCursor(QCursor(pixmap, 19, 19));
 }
 
@@ -493,6 +500,26 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   }
   UnloadMainWindow(session_);
   event->accept();
+}
+
+}  // namespace qv::gui
+
+namespace qv::gui {
+
+bool MainWindow::LoadSkinPicture(ImageRole role, const std::filesystem::path& file) {
+  return board_->Skin().Load(role, file);
+}
+
+void MainWindow::ShowOptionsDialog() {
+  OptionsDialog dialog(*game_, playerRating_, this);
+  // Apply shows its effect at once, as OK does when the dialog has closed.
+  std::string shownSkin = game_->Settings.SkinName;
+  connect(&dialog, &OptionsDialog::Stored, this, [this, &shownSkin] {
+    ApplyOptions(session_, shownSkin);
+    shownSkin = game_->Settings.SkinName;
+    Sync();
+  });
+  dialog.exec();
 }
 
 }  // namespace qv::gui

@@ -56,6 +56,8 @@ class MainWindow : public QMainWindow, public WindowLayer {
   bool ShowVariantsDialog() override;
   bool ShowPdnChooser(PdnChooserForm& form) override;
   void ShowDetailsDialog(PdnTags& tags) override;
+  bool LoadSkinPicture(ImageRole role, const std::filesystem::path& file) override;
+  void ShowOptionsDialog() override;
 
   // A fatal error: stops the worker, shows the program's words in the box,
   // then closes the window by the normal way out and ends the program.
@@ -101,7 +103,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   bool closePending_ = false;
   bool ending_ = false;  // a fatal error is closing the window
   bool syncing_ = false;
-  int shownSkin_ = -1;
+  int playerRating_ = 1200;
 };
 
 }  // namespace qv::gui

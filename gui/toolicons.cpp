@@ -132,6 +132,20 @@ QIcon CommandIcon(Command command) {
       p.drawArc(QRectF(6, 8, 36, 32), -60 * 16, 120 * 16);
       break;
     }
+    case Command::Options: {
+      // A cog wheel.
+      p.setPen(Qt::NoPen);
+      p.setBrush(QColor(90, 96, 104));
+      p.translate(24, 24);
+      for (int tooth = 0; tooth < 8; ++tooth) {
+        p.drawRoundedRect(QRectF(-4.5, -21, 9, 12), 2, 2);
+        p.rotate(45);
+      }
+      p.drawEllipse(QPointF(0, 0), 14, 14);
+      p.setBrush(QColor(235, 235, 235));
+      p.drawEllipse(QPointF(0, 0), 6, 6);
+      break;
+    }
     default: break;
   }
   return QIcon(pixmap);

@@ -11,6 +11,8 @@
 #include "interaction/mouse_entry.h"
 #include "interaction/movelist.h"
 #include "interaction/pdn_commands.h"
+#include "interaction/optionsform.h"
+#include "interaction/skins.h"
 #include "interaction/navigation.h"
 #include "interaction/newvariant.h"
 #include "interaction/record.h"
@@ -48,6 +50,7 @@ void RunCommand(Session& s, Command c) {
     case Command::NotationNumeric: return SetNotation(s, 1);
     case Command::Calculation: return ToggleCalculation(s);
     case Command::UseSound: return ToggleUseSound(s);
+    case Command::Options: return OpenOptions(s);
     default: return;  // not a menu command, or not built yet
   }
 }
@@ -68,11 +71,15 @@ void CheckNotation(Session& s) {
   CheckCommand(s, Command::NotationNone, kind == 2);
 }
 
+}  // namespace
+
 std::string StrengthCaption(const Options& o) {
   std::string text = "Strength:" + Str(10 - o.StrengthHandicap);
   if (o.DepthMode == 1) return text + "   Depth:" + Str(o.DepthLimit) + " ply";
   return text + "   Time:" + Str(o.TimeLimit) + " sec";
 }
+
+namespace {
 
 // The commands that a game once over can no longer use.
 void DisableAfterGameEnd(Session& s) {
@@ -410,15 +417,8 @@ void ToggleUseSound(Session& s) {
   s.window.Changed(Part::Commands);
 }
 
-void SelectSkin(Session& s, const std::string& name) {
-  if (!CommandAvailable(s.screen, Command::BoardMenu)) return;
-  Options& o = s.game.Settings;
-  if (name == "Classic Small") o.SkinKind = 0;
-  else if (name == "Classic Medium") o.SkinKind = 2;
-  else if (name == "Classic Big") o.SkinKind = 3;
-  else return;  // skin files are not read yet
-  o.SkinName = name;
-  s.window.Changed(Part::All);
+void PictureSetCommand(Session& s, const std::string& name) {
+  if (CommandAvailable(s.screen, Command::BoardMenu)) SelectSkin(s, name);
 }
 
 bool ConfirmClose(Session& s) {

@@ -14,6 +14,8 @@ bool CommandAvailable(const Screen& sc, Command c);
 // A menu item or toolbar button, when it is available. Exit is left to the
 // window, which closes itself (and so runs UnloadMainWindow).
 void RunCommand(Session& s, Command c);
+// The level line of the status bar: "Strength: 9   Time: 2 sec".
+std::string StrengthCaption(const Options& o);
 
 // What a new game shows: status, lists and the commands that open a game.
 void ShowNewGame(Session& s);
@@ -48,8 +50,10 @@ void TurnBoardCommand(Session& s);
 void SetNotation(Session& s, int kind);
 void ToggleCalculation(Session& s);
 void ToggleUseSound(Session& s);
-// "Classic Small", "Classic Medium" or "Classic Big".
-void SelectSkin(Session& s, const std::string& name);
+
+// Board > Picture Set: a classic set chosen from the menu, when the Board
+// menu is available.
+void PictureSetCommand(Session& s, const std::string& name);
 
 // The close box: true when the window may close.
 bool ConfirmClose(Session& s);

@@ -127,6 +127,9 @@ struct Screen {
   int Busy = 0;  // the computer is calculating: board and list handlers return at once
   int TwipsPerPixel = 15;
   int SkinBoardSize = -1;  // geometry a skin file names: 0 Small, 2 Medium, 1 Big
+  // The highlight box colours of a skin, blue-green-red packed: yellow and dark yellow until a skin says otherwise.
+  int HighlightDark = 0x00FFFF;
+  int HighlightLight = 0x008080;
   std::array<ControlState, static_cast<int>(Command::Count)> Controls{};
 
   std::string Title = "Quorvanis 1.58";

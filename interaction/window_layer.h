@@ -58,6 +58,12 @@ class WindowLayer {
   virtual bool ShowPdnChooser(PdnChooserForm& /*form*/) { return false; }
   // dlgDetails, modal, on the tags of the game.
   virtual void ShowDetailsDialog(PdnTags& /*tags*/) {}
+  // Loads a skin's picture into the role's slot of the skin's picture set;
+  // false when the file is missing or is not a picture.
+  virtual bool LoadSkinPicture(ImageRole /*role*/, const std::filesystem::path& /*file*/) { return false; }
+  // The Options dialog, modal, on the settings of the game: OK and Apply store
+  // its controls into them.
+  virtual void ShowOptionsDialog() {}
 };
 
 }  // namespace qv

@@ -24,7 +24,7 @@ class CommandsWhileThinkingTest : public InteractionTest {
   void ClickEverything(bool withCancel) {
     for (int c = 0; c < static_cast<int>(Command::Count); ++c)
       if (withCancel || static_cast<Command>(c) != Command::Cancel) RunCommand(session, static_cast<Command>(c));
-    for (const char* skin : {"Classic Medium", "Classic Small"}) SelectSkin(session, skin);
+    for (const char* skin : {"Classic Medium", "Classic Small"}) PictureSetCommand(session, skin);
     SquarePress(session, Square("c3"), MouseButton::Left);
     SquareMove(session, Square("d4"), 100, 100);
     SquareRelease(session, Square("d4"), MouseButton::Left, 100, 100);

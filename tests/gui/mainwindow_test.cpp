@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QTimer>
 #include <memory>
 
 #include "core/board.h"
@@ -128,9 +129,26 @@ TEST(MainWindow, AFatalErrorOnTheWorkerStopsThenShowsTheBoxThenCloses) {
 
 }  // namespace qv::gui
 
+namespace {
+
+// A test that ends the program the way a fatal error does asks the
+// application to quit, and a quitting application runs no more dialogs.
+// One turn of the main loop after each test clears that request.
+class ClearQuitRequest : public ::testing::EmptyTestEventListener {
+  void OnTestEnd(const ::testing::TestInfo&) override {
+    QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+    QCoreApplication::exec();
+  }
+};
+
+}  // namespace
+
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);
+  // A test that closes its window must not end the event loops of the next.
+  QApplication::setQuitOnLastWindowClosed(false);
   ::testing::InitGoogleTest(&argc, argv);
+  ::testing::UnitTest::GetInstance()->listeners().Append(new ClearQuitRequest);
   return RUN_ALL_TESTS();
 }

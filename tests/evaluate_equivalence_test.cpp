@@ -1,0 +1,117 @@
+// The evaluations equal the reference evaluation in every position: the same
+// score, the same side effects (pending rule loss, the draw of a side without
+// moves, the position stored in the history) and the same noise draws, for
+// the four fast rule sets and every shipped variant.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <random>
+
+#include "core/makemove.h"
+#include "engine/evaluate.h"
+#include "evaluate_reference.h"
+#include "files/variantfile.h"
+#include "position_helpers.h"
+
+namespace qv {
+
+namespace {
+
+using EvalFn = int (*)(Game&, int, int, int);
+
+// A random position on the squares the rule set plays on, with random search
+// state around it: history, material, window, noise and thresholds.
+void Scramble(Game& g, std::mt19937& rnd) {
+  std::uniform_int_distribution<int> percent(0, 99);
+  const int density = 10 + percent(rnd) / 2;
+  for (int cell = 21; cell <= 98; ++cell) {
+    if (IsFrameCell(cell)) continue;
+    g.Board[cell] = 0;
+    if (g.RuleSet.PiecesOnBlack != 2 && !SquareIsDark(cell, g.RuleSet.PiecesOnBlack)) continue;
+    if (percent(rnd) >= density) continue;
+    const int kind = percent(rnd);
+    g.Board[cell] = kind < 35 ? WhiteMan : kind < 70 ? BlackMan : kind < 85 ? WhiteKing : BlackKing;
+  }
+  g.Ply = percent(rnd) % 6;
+  g.HalfMoveCount = percent(rnd) % 12;
+  for (int i = 0; i < g.HalfMoveCount; ++i)
+    g.Record.PositionHistory[i] = percent(rnd) < 15 ? PositionKey(g) : std::to_string(percent(rnd));
+  g.MaterialByPly[g.Ply] = (percent(rnd) - 50) * 8;
+  g.ActivityByPly[g.Ply] = percent(rnd) % 2;
+  g.LineDrawn = percent(rnd) < 5 ? 1 : 0;
+  g.NoiseRange = percent(rnd) < 50 ? 0 : percent(rnd);
+  g.ManThresholdWhite = percent(rnd) % 12;
+  g.ManThresholdBlack = percent(rnd) % 12;
+  g.FocusSquare = percent(rnd) < 20 ? 21 + percent(rnd) % 78 : 0;
+  g.FocusPiece = percent(rnd) % 2 ? WhiteMan : BlackKing;
+  g.SideToMove = percent(rnd) % 2 ? 1 : -1;
+}
+
+// What an evaluation leaves behind besides its score.
+struct Outcome {
+  int score, ruleLossPending, noMoveDraw;
+  std::string stored;
+  double nextRandom;
+  bool operator==(const Outcome&) const = default;
+};
+
+Outcome Run(Game& g, EvalFn evaluate, int alpha, int beta) {
+  const RandomSource random = g.Random;
+  const int h = g.HalfMoveCount;
+  const std::string before = h > 0 ? g.Record.PositionHistory[h - 1] : "";
+  g.RuleLossPending = g.NoMoveDraw = 0;
+  Outcome o{evaluate(g, alpha, beta, g.SideToMove), g.RuleLossPending, g.NoMoveDraw, "", 0};
+  if (h > 0) o.stored = g.Record.PositionHistory[h - 1];
+  o.nextRandom = g.Rnd();
+  g.Random = random;
+  if (h > 0) g.Record.PositionHistory[h - 1] = before;
+  return o;
+}
+
+// Evaluates one scrambled position with both functions from the same state.
+void ExpectSame(Game& g, EvalFn fast, EvalFn reference, std::mt19937& rnd, const std::string& what) {
+  std::uniform_int_distribution<int> window(-600, 600);
+  const int alpha = window(rnd), beta = alpha + 1 + std::abs(window(rnd));
+  const Outcome got = Run(g, fast, alpha, beta);
+  const Outcome want = Run(g, reference, alpha, beta);
+  ASSERT_TRUE(got == want) << what << ": " << BoardSetupText(g.Board) << " side " << g.SideToMove << " score "
+                           << got.score << " against " << want.score;
+}
+
+}  // namespace
+
+TEST(EvaluateEquivalence, FastFormsEqualTheReference) {
+  const EvalFn fast[] = {EvaluateShort, EvaluateShortMirror, EvaluateLong, EvaluateLong};
+  const EvalFn reference[] = {reference::EvaluateShort, reference::EvaluateShortMirror, reference::EvaluateLong,
+                              reference::EvaluateLong};
+  std::mt19937 rnd(20261123);
+  for (int flavour = 1; flavour <= 4; ++flavour) {
+    auto g = testing::NewTestGame(5);
+    testing::ApplyRules(*g, testing::FastRuleSet(flavour));
+    for (int i = 0; i < 4000; ++i) {
+      Scramble(*g, rnd);
+      ExpectSame(*g, fast[flavour - 1], reference[flavour - 1], rnd, "flavour " + std::to_string(flavour));
+    }
+  }
+}
+
+TEST(EvaluateEquivalence, GeneralFormEqualsTheReferenceInEveryShippedVariant) {
+  const std::filesystem::path data = QUORVANIS_TEST_DATA;
+  std::mt19937 rnd(7);
+  for (int useClassic : {1, 0})
+    for (const std::string& name : FillVariantList(VariantFolder(data, useClassic))) {
+      auto g = std::make_unique<Game>();
+      g->DataFolder = data;
+      g->Settings.UseClassic = useClassic;
+      g->Random.SetFixedSeed(3);
+      StartVariant(*g, name);
+      for (int i = 0; i < 600; ++i) {
+        Scramble(*g, rnd);
+        g->Flags.TropismActive = i % 5 == 0 ? 0 : 1;
+        g->BackRankActive = i % 7 == 0 ? 0 : 1;
+        ExpectSame(*g, Evaluate, reference::Evaluate, rnd, name);
+      }
+    }
+}
+
+}  // namespace qv
