@@ -17,6 +17,9 @@ struct CliOptions {
   std::optional<unsigned long long> seed;
   std::optional<int> notation;  // 0 algebraic, 1 numeric
   std::optional<std::string> moves;
+  std::optional<std::string> load;  // a PDN file to start from
+  std::optional<int> game;          // the game of that file, 1-based
+  std::optional<std::string> save;  // play: the PDN file the game is appended to
   bool json = false;
   bool divide = false;
   bool general = false;
@@ -48,9 +51,19 @@ struct IllegalMove {
   std::string move;
 };
 
+// Thrown when --load cannot read its file: the words the window would show.
+struct LoadFailed {
+  std::string message;
+};
+
 // Builds the game the options describe: variant, set-up, side, seed, notation,
-// then plays the moves of --moves.
+// the game of --load, then plays the moves of --moves.
 void PrepareGame(CliContext& context);
+
+// --load FILE.pdn [--game N]: the game's rules, start and moves; play --save
+// FILE.pdn: the played game appended to the file.
+void LoadPdnOption(CliContext& context);
+int SavePdnOption(CliContext& context);
 
 int RunShow(CliContext& context);
 int RunMoves(CliContext& context);

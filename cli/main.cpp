@@ -52,6 +52,9 @@ int main(int argc, char** argv) {
   } catch (const qv::cli::UsageError& e) {
     std::cerr << "quorvanis-cli: " << e.message << "\n" << qv::cli::UsageText();
     return 2;
+  } catch (const qv::cli::LoadFailed& e) {
+    std::cerr << e.message << "\n";
+    return 1;
   } catch (const qv::cli::IllegalMove& e) {
     std::cerr << e.move << ": Illegal move!\n";
     return 1;

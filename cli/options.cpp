@@ -35,6 +35,8 @@ std::string UsageText() {
          "  --seed N                seed the random generator so that a run can be repeated\n"
          "  --notation algebraic|numeric\n"
          "  --moves \"c3-d4 f6-e5\"   play these moves first (either notation, - or x)\n"
+         "  --load FILE.pdn [--game N]\n"
+         "                          start from game N (default 1) of a PDN file\n"
          "commands:\n"
          "  show                    print the position, its setup text and the rule set\n"
          "  moves [--json]          list the legal moves in generation order\n"
@@ -42,6 +44,7 @@ std::string UsageText() {
          "                          count the leaves of the move tree to depth N\n"
          "  play [--depth N | --time S] [--handicap H] [--max-moves N]\n"
          "                          the computer plays both sides to the end of the game\n"
+         "       [--save FILE.pdn]  and appends the game to a PDN file\n"
          "  variants                list the classic and the user variants with their search flavour\n";
 }
 
@@ -69,6 +72,9 @@ CliOptions ParseOptions(int argc, char** argv) {
       else if (text == "numeric") o.notation = 1;
       else throw UsageError{"unknown notation '" + text + "': use algebraic or numeric"};
     } else if (arg == "--moves") o.moves = NeedValue(i, argc, argv);
+    else if (arg == "--load") o.load = NeedValue(i, argc, argv);
+    else if (arg == "--game") o.game = static_cast<int>(WholeNumber(arg, NeedValue(i, argc, argv), 1, 1000000));
+    else if (arg == "--save") o.save = NeedValue(i, argc, argv);
     else if (arg == "--json") o.json = true;
     else if (arg == "--divide") o.divide = true;
     else if (arg == "--general") o.general = true;

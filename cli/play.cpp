@@ -57,6 +57,7 @@ int RunPlay(CliContext& context) {
   }
   context.out << movetext << (g.GameResult.empty() ? "*" : g.GameResult) << '\n';
   if (!ui.result.empty()) context.out << ui.result << '\n';
+  if (o.save) return SavePdnOption(context);
   return 0;
 }
 

@@ -6,6 +6,7 @@
 #include "core/makemove.h"
 #include "core/newgame.h"
 #include "core/text.h"
+#include "files/pdn_replay.h"
 
 namespace qv::cli {
 
@@ -26,13 +27,15 @@ void PrepareGame(CliContext& context) {
     AdoptBoardPosition(g);
   }
   if (o.notation && g.RuleSet.PiecesOnBlack != 2) g.Settings.NotationKind = *o.notation;
+  if (o.load) LoadPdnOption(context);
   if (o.moves) {
     std::istringstream words(*o.moves);
     std::string word;
     while (words >> word) {
       // Move numbers such as "1." may stand between the moves.
       if (word.back() == '.') continue;
-      if (FindMove(g, ParseMoveText(ToUpper(word), g.CaptureChar)) == 0) throw IllegalMove{word};
+      // Each enters the game record, so that a saved game holds it.
+      if (!ReplayLoadedMove(g, ParseMoveText(ToUpper(word), g.CaptureChar))) throw IllegalMove{word};
     }
     CommitRootPly(g);
   }
