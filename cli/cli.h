@@ -23,6 +23,7 @@ struct CliOptions {
   bool json = false;
   bool divide = false;
   bool general = false;
+  bool noBook = false;
   std::optional<int> depth;
   std::optional<double> time;
   std::optional<int> handicap;

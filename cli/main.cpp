@@ -1,6 +1,7 @@
 // quorvanis-cli: the game core and engine from the command line.
 #include <iostream>
 #include <memory>
+#include <string_view>
 
 #include "cli/cli.h"
 #include "core/fatal.h"
@@ -26,6 +27,18 @@ constexpr CommandEntry Commands[] = {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // --help and --version answer alone, whatever else the line holds.
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view arg = argv[i];
+    if (arg == "--help" || arg == "-h") {
+      std::cout << qv::cli::UsageText();
+      return 0;
+    }
+    if (arg == "--version") {
+      std::cout << "quorvanis-cli " << QUORVANIS_VERSION << "\n";
+      return 0;
+    }
+  }
   qv::cli::CliOptions options;
   try {
     options = qv::cli::ParseOptions(argc, argv);

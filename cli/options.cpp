@@ -42,8 +42,9 @@ std::string UsageText() {
          "  moves [--json]          list the legal moves in generation order\n"
          "  perft N [--divide] [--general]\n"
          "                          count the leaves of the move tree to depth N\n"
-         "  play [--depth N | --time S] [--handicap H] [--max-moves N]\n"
+         "  play [--depth N | --time S] [--handicap H] [--max-moves N] [--no-book]\n"
          "                          the computer plays both sides to the end of the game\n"
+         "                          (from the opening book while it knows the game)\n"
          "       [--save FILE.pdn]  and appends the game to a PDN file\n"
          "  variants                list the classic and the user variants with their search flavour\n";
 }
@@ -78,6 +79,7 @@ CliOptions ParseOptions(int argc, char** argv) {
     else if (arg == "--json") o.json = true;
     else if (arg == "--divide") o.divide = true;
     else if (arg == "--general") o.general = true;
+    else if (arg == "--no-book") o.noBook = true;
     else if (arg == "--depth") o.depth = static_cast<int>(WholeNumber(arg, NeedValue(i, argc, argv), 1, 39));
     else if (arg == "--time") {
       const std::string text = NeedValue(i, argc, argv);

@@ -5,6 +5,7 @@
 #include "core/makemove.h"
 #include "core/movegen.h"
 #include "engine/driver.h"
+#include "files/book.h"
 
 namespace qv::cli {
 
@@ -35,19 +36,26 @@ int RunPlay(CliContext& context) {
   g.Settings.DepthLimit = o.depth.value_or(6);
   g.Settings.TimeLimit = o.time ? std::max(1, static_cast<int>(*o.time + 0.5)) : g.Settings.TimeLimit;
   g.Settings.StrengthHandicap = o.handicap.value_or(0);
-  g.Settings.OpeningBook = 0;
+  g.Settings.OpeningBook = o.noBook ? 0 : 1;
   g.Settings.PlayMode = 2;
   const int maxMoves = o.maxMoves.value_or(400);
   const int firstHalfMove = g.HalfMoveCount;
   CliDriverUi ui(context.out);
   std::string movetext;
+  std::string opening;  // the last name the book gave the game
   while (g.GameOver == 0 && g.HalfMoveCount - firstHalfMove < maxMoves) {
     const int number = g.HalfMoveCount / 2 + 1;
     const bool firstHalf = g.HalfMoveCount % 2 == 0;
     const TurnReport turn = ComputerMove(g, ui);
     if (!turn.moved) break;
-    context.out << (firstHalf ? std::to_string(number) + ". " : std::to_string(number) + "... ") << turn.move
-                << "  score " << turn.score << "  depth " << turn.depth << "  line " << turn.mainLine << '\n';
+    context.out << (firstHalf ? std::to_string(number) + ". " : std::to_string(number) + "... ") << turn.move;
+    if (turn.fromBook) {
+      const std::string name = BookLookup(g, 0, g.Random).OpeningName;
+      context.out << "  book" << (name.empty() ? "" : "  " + name) << '\n';
+      if (!name.empty()) opening = name;
+    } else {
+      context.out << "  score " << turn.score << "  depth " << turn.depth << "  line " << turn.mainLine << '\n';
+    }
     if (firstHalf) movetext += std::to_string(number) + ". ";
     movetext += turn.move + " ";
   }
@@ -55,6 +63,7 @@ int RunPlay(CliContext& context) {
     context.out << "Stopped after " << maxMoves << " half-moves.\n";
     g.GameResult = "*";
   }
+  if (!opening.empty()) context.out << "Opening: " << opening << '\n';
   context.out << movetext << (g.GameResult.empty() ? "*" : g.GameResult) << '\n';
   if (!ui.result.empty()) context.out << ui.result << '\n';
   if (o.save) return SavePdnOption(context);

@@ -3,6 +3,7 @@
 #include "cli/cli.h"
 #include <sstream>
 
+#include "core/gameend.h"
 #include "core/makemove.h"
 #include "core/newgame.h"
 #include "core/text.h"
@@ -34,7 +35,7 @@ void PrepareGame(CliContext& context) {
     while (words >> word) {
       // Move numbers such as "1." may stand between the moves.
       if (word.back() == '.') continue;
-      // Each enters the game record, so that a saved game holds it.
+      // Each enters the game record, where the opening book reads the game and a saved game holds it.
       if (!ReplayLoadedMove(g, ParseMoveText(ToUpper(word), g.CaptureChar))) throw IllegalMove{word};
     }
     CommitRootPly(g);

@@ -11,6 +11,7 @@
 #include "engine/evaluate.h"
 #include "engine/search.h"
 #include "engine/timetext.h"
+#include "files/book.h"
 
 namespace qv {
 
@@ -85,6 +86,7 @@ class Turn {
       decision_.bestScore = bestScore_;
       decision_.mainLine = bestLine_;
       decision_.rootScores = rootInfo_;
+      decision_.fromBook = fromBook_;
     }
     decision_.strengthLabel = strength_;
     decision_.engine = CarriedEngineState::From(g_);
@@ -181,6 +183,7 @@ class Turn {
     rootInfo_ = decision.rootScores;
     strength_ = decision.strengthLabel;
     calculation_ = decision.calculation;
+    fromBook_ = decision.fromBook;
     report_.depth = decision.depth;
     report_.iterationLog = decision.iterationLog;
   }
@@ -193,6 +196,9 @@ class Turn {
     ui_.SetProgress(0, ProgressMaximum());
     ui_.Pause(0.5);
     clockStart_ = Clock();
+    // Step 11, the book: a known opening move is played after one iteration.
+    fromBook_ = PlayBookMove();
+    if (fromBook_) depthLimit_ = 1;
 
     rootInfo_.resize(static_cast<std::size_t>(rootCount_));
     for (int i = 0; i < rootCount_; ++i)
@@ -202,6 +208,26 @@ class Turn {
     searchRootCount_ = g_.HalfMoveCount;
     for (auto& row : g_.PVTable) row.Fill(PVEntry{});
     for (auto& row : g_.KillerTable) row.Fill(MoveKey{});
+  }
+
+  // Asks the book for a move when the player wants the book used. A proposed
+  // move that is among the root moves becomes the only one; anything else
+  // is dropped and the search decides.
+  bool PlayBookMove() {
+    g_.BookMoveFrom = 0;
+    g_.BookMoveTo = 0;
+    if (o_.OpeningBook != 1) return false;
+    const BookAnswer book = BookLookup(g_, 1, g_.Random);
+    if (!book.MessageText.empty()) ui_.ShowMessage(book.MessageCaption, book.MessageText);
+    for (int i = 0; i < rootCount_ && book.BookMoveFrom != 0; ++i) {
+      if (g_.MoveStack[i].FromSquare != book.BookMoveFrom || g_.MoveStack[i].ToSquare != book.BookMoveTo) continue;
+      g_.MoveStack[0] = g_.MoveStack[i];
+      rootCount_ = 1;
+      g_.BookMoveFrom = book.BookMoveFrom;
+      g_.BookMoveTo = book.BookMoveTo;
+      return true;
+    }
+    return false;
   }
 
   int ProgressMaximum() const { return depthMode_ == 1 ? rootCount_ * depthLimit_ : o_.TimeLimit; }
@@ -340,11 +366,11 @@ class Turn {
     // The main line: this root move, then what the search found below it.
     g_.MoveStack[0] = roots_[static_cast<std::size_t>(i)];
     UpdatePV(g_, 0);
-    bestLine_ = MainLineText(g_);
+    bestLine_ = fromBook_ ? "Book" : MainLineText(g_);
     if (o_.ShowCalculation == 1) {
       head_ = "Depth:" + Str(d) + "   Best: " + move + "   Score:" + Str(score);
       shortLine_ = "D:" + Str(d) + "   B: " + move + "   S:" + Str(score);
-      ui_.SetCalculation(head_);
+      ui_.SetCalculation(fromBook_ ? head_ + "\r\nBook" : head_);
     }
     if (i > 0) {
       std::rotate(roots_.begin(), roots_.begin() + i, roots_.begin() + i + 1);
@@ -390,10 +416,12 @@ class Turn {
         if (rootInfo_[j].Score > rootInfo_[i].Score) std::swap(rootInfo_[i], rootInfo_[j]);
   }
 
-  // The texts of the end of thinking, shown by the game that plays the move.
+  // The texts of the end of thinking, shown by the game that plays the move,
+  // and the sorted root moves unless the computer plays itself.
   void ShowEndOfThinking() {
     ui_.SetStrengthLabel(strength_);
     if (!calculation_.empty()) ui_.SetCalculation(calculation_);
+    if (o_.PlayMode != 2) ui_.ShowRootScores(rootInfo_);
     ui_.SetStatus("");
   }
 
@@ -434,6 +462,7 @@ class Turn {
     report_.move = MoveLabel(g_, roots_[0]);
     report_.score = bestScore_;
     report_.mainLine = bestLine_;
+    report_.fromBook = fromBook_;
     report_.rootScores = rootInfo_;
 
     // The ends are told once the move stands.
@@ -504,6 +533,7 @@ class Turn {
 
   int rootCount_ = 0;
   int depthLimit_ = 1;
+  bool fromBook_ = false;
   double clockStart_ = 0;
   std::vector<RootScore> rootInfo_;
   std::vector<MoveRecord> roots_;

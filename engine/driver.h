@@ -9,10 +9,13 @@
 
 namespace qv {
 
+// A root move's entry before the search has reached it.
+inline constexpr int NotScored = -32767;
+
 struct RootScore {
-  int From = -32767;
-  int To = -32767;
-  int Score = -32767;
+  int From = NotScored;
+  int To = NotScored;
+  int Score = NotScored;
 };
 
 // What one turn found, for the caller's display and log.
@@ -25,6 +28,7 @@ struct TurnReport {
   std::vector<RootScore> rootScores;
   std::string iterationLog;  // a line per finished iteration, for the game log
   bool drawOffered = false;  // the computer asked "How about a draw?"
+  bool fromBook = false;     // the move came from the opening book
 };
 
 // NoiseRange from StrengthHandicap: 70 a step above the first, 5 at 1, none at 0.
@@ -65,6 +69,7 @@ struct TurnDecision {
   std::string iterationLog;
   std::string strengthLabel;
   std::string calculation;  // the final calculation text; empty without ShowCalculation
+  bool fromBook = false;    // the move came from the opening book
   CarriedEngineState engine;
 };
 

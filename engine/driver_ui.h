@@ -3,8 +3,11 @@
 // one question they ask. The desktop window and the command-line tool each
 // implement it; every member has a silent default.
 #include <string>
+#include <vector>
 
 namespace qv {
+
+struct RootScore;
 
 class DriverUi {
  public:
@@ -27,6 +30,9 @@ class DriverUi {
   virtual void SetThinking(bool /*thinking*/) {}
   // The game ended; score is the player's (1 win, 0.5 draw, 0 loss).
   virtual void GameEnded(double /*playerScore*/) {}
+  // The root moves of the turn with their scores, highest first, before the
+  // move is played.
+  virtual void ShowRootScores(const std::vector<RootScore>& /*scores*/) {}
   // A move entered the record (its MoveTextTable text is written).
   virtual void MoveRecorded(int /*halfMove*/) {}
 };

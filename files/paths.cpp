@@ -17,12 +17,10 @@ bool HasVariants(const fs::path& folder) {
 }  // namespace
 
 fs::path FindDataFolder(const fs::path& executableFolder) {
+  // A build folder holds a link "data" to the source tree's data, so that the
+  // programs and tests of a build that was not installed find it one level up.
   const fs::path candidates[] = {executableFolder / ".." / "share" / "quorvanis", executableFolder / "data",
-                                 executableFolder / ".." / "data",
-#ifdef QUORVANIS_SOURCE_DATA
-                                 fs::path(QUORVANIS_SOURCE_DATA)
-#endif
-  };
+                                 executableFolder / ".." / "data"};
   for (const fs::path& candidate : candidates)
     if (HasVariants(candidate)) return fs::weakly_canonical(candidate);
   return {};

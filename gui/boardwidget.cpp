@@ -114,6 +114,9 @@ void BoardWidget::paintEvent(QPaintEvent*) {
 
 void BoardWidget::mousePressEvent(QMouseEvent* event) {
   const int index = IndexAt(event->position());
+  // A press with no other button held starts afresh: the release of the last
+  // press went to a message box that press opened.
+  if (pressedIndex_ >= 0 && event->buttons() == event->button()) pressedIndex_ = -1;
   if (index < 0 || pressedIndex_ >= 0) return;
   pressedIndex_ = index;
   SquarePress(session_, index, ButtonOf(event->button()));

@@ -42,9 +42,19 @@ namespace qv::gui {
 namespace {
 QString Q(const std::string& text) { return QString::fromStdString(text); }
 
+// A calculation text that wraps only between moves: a word joiner on either
+// side of the dash of "c5-d4" keeps the move on one line.
+QString CalculationText(const std::string& text) {
+  QString shown = Q(text);
+  shown.remove(QChar('\r'));
+  shown.replace(QChar('-'), QString(QChar(0x2060)) + QChar('-') + QChar(0x2060));
+  return shown;
+}
+
 QListWidget* MakeList(int width) {
   auto* list = new QListWidget;
   list->setMinimumWidth(width);
+  list->setMinimumHeight(150);
   list->setFont(QFont("monospace"));
   list->setSelectionMode(QAbstractItemView::SingleSelection);
   return list;
@@ -66,9 +76,16 @@ MainWindow::MainWindow(std::unique_ptr<Game> game, QWidget* parent)
 
 MainWindow::~MainWindow() = default;  // the worker stops its job and waits for it
 
-QAction* MainWindow::AddCommand(QMenu* menu, Command c, const QString& text, bool checkable) {
+QAction* MainWindow::AddCommand(QMenu* menu, Command c, const QString& text, const QKeySequence& keys,
+                                bool checkable) {
   auto* action = new QAction(text, this);
   action->setCheckable(checkable);
+  // The keys work wherever the focus is in the window, the text boxes too
+  // (none of them edits text), and the tool tip names them.
+  action->setShortcut(keys);
+  action->setShortcutContext(Qt::WindowShortcut);
+  action->setToolTip(text + " (" + keys.toString(QKeySequence::NativeText) + ")");
+  addAction(action);
   connect(action, &QAction::triggered, this, [this, c] {
     if (c == Command::Exit) close();
     else RunCommand(session_, c);
@@ -81,42 +98,44 @@ QAction* MainWindow::AddCommand(QMenu* menu, Command c, const QString& text, boo
 
 void MainWindow::BuildMenus() {
   QMenu* gameMenu = menuBar()->addMenu("&Game");
-  AddCommand(gameMenu, Command::NewGame, "New Game")->setShortcut(QKeySequence::New);
-  AddCommand(gameMenu, Command::NewVariant, "New Variant...");
+  AddCommand(gameMenu, Command::NewGame, "New Game", QKeySequence(Qt::CTRL | Qt::Key_N));
+  AddCommand(gameMenu, Command::NewVariant, "New Variant...", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N));
   gameMenu->addSeparator();
   AddPdnCommands(gameMenu);
   gameMenu->addSeparator();
-  AddCommand(gameMenu, Command::Options, "Options...")->setShortcut(QKeySequence::Preferences);
+  AddCommand(gameMenu, Command::Options, "Options...", QKeySequence(Qt::CTRL | Qt::Key_Comma));
   gameMenu->addSeparator();
-  AddCommand(gameMenu, Command::Exit, "Exit");
+  AddCommand(gameMenu, Command::Exit, "Exit", QKeySequence(Qt::CTRL | Qt::Key_Q));
 
   QMenu* playMenu = menuBar()->addMenu("&Play");
-  AddCommand(playMenu, Command::Compute, "Compute")->setShortcut(Qt::Key_F5);
-  AddCommand(playMenu, Command::Cancel, "Cancel")->setShortcut(Qt::Key_Escape);
+  AddCommand(playMenu, Command::Compute, "Compute", QKeySequence(Qt::Key_F5));
+  AddCommand(playMenu, Command::Cancel, "Cancel", QKeySequence(Qt::Key_Escape));
   playMenu->addSeparator();
-  AddCommand(playMenu, Command::OfferDraw, "Offer draw");
-  AddCommand(playMenu, Command::Resign, "Resign");
+  AddCommand(playMenu, Command::OfferDraw, "Offer draw", QKeySequence(Qt::CTRL | Qt::Key_D));
+  AddCommand(playMenu, Command::Resign, "Resign", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R));
   playMenu->addSeparator();
-  AddCommand(playMenu, Command::PlayerComputer, "Player-Computer", true);
-  AddCommand(playMenu, Command::PlayerPlayer, "Player-Player", true);
-  AddCommand(playMenu, Command::ComputerComputer, "Computer-Computer", true);
+  AddCommand(playMenu, Command::PlayerComputer, "Player-Computer", QKeySequence(Qt::CTRL | Qt::Key_1), true);
+  AddCommand(playMenu, Command::PlayerPlayer, "Player-Player", QKeySequence(Qt::CTRL | Qt::Key_2), true);
+  AddCommand(playMenu, Command::ComputerComputer, "Computer-Computer", QKeySequence(Qt::CTRL | Qt::Key_3), true);
 
   QMenu* moveMenu = menuBar()->addMenu("&Move");
-  AddCommand(moveMenu, Command::First, "First")->setShortcut(Qt::CTRL | Qt::Key_Home);
-  AddCommand(moveMenu, Command::Back, "Back")->setShortcut(Qt::CTRL | Qt::Key_Left);
-  AddCommand(moveMenu, Command::Forward, "Forward")->setShortcut(Qt::CTRL | Qt::Key_Right);
-  AddCommand(moveMenu, Command::Last, "Last")->setShortcut(Qt::CTRL | Qt::Key_End);
+  AddCommand(moveMenu, Command::First, "First", QKeySequence(Qt::ALT | Qt::Key_Home));
+  AddCommand(moveMenu, Command::Back, "Back", QKeySequence(Qt::ALT | Qt::Key_Left));
+  AddCommand(moveMenu, Command::Forward, "Forward", QKeySequence(Qt::ALT | Qt::Key_Right));
+  AddCommand(moveMenu, Command::Last, "Last", QKeySequence(Qt::ALT | Qt::Key_End));
 
   boardMenu_ = menuBar()->addMenu("&Board");
-  AddCommand(boardMenu_, Command::TurnBoard, "Turn Board");
+  AddCommand(boardMenu_, Command::TurnBoard, "Turn Board", QKeySequence(Qt::CTRL | Qt::Key_T));
   QMenu* notation = boardMenu_->addMenu("Notation");
-  AddCommand(notation, Command::NotationNone, "None", true);
-  AddCommand(notation, Command::NotationAlgebraic, "Algebraic", true);
-  AddCommand(notation, Command::NotationNumeric, "Numeric", true);
+  AddCommand(notation, Command::NotationNone, "None", QKeySequence(Qt::Key_F6), true);
+  AddCommand(notation, Command::NotationAlgebraic, "Algebraic", QKeySequence(Qt::Key_F7), true);
+  AddCommand(notation, Command::NotationNumeric, "Numeric", QKeySequence(Qt::Key_F8), true);
   QMenu* pictures = boardMenu_->addMenu("Picture Set");
   auto* pictureGroup = new QActionGroup(this);
+  int key = Qt::Key_1;
   for (const char* name : {"Classic Small", "Classic Medium", "Classic Big"}) {
     QAction* a = pictures->addAction(name);
+    a->setShortcut(QKeySequence(Qt::ALT | key++));
     a->setCheckable(true);
     a->setChecked(game_->Settings.SkinName == name);
     pictureGroup->addAction(a);
@@ -127,38 +146,37 @@ void MainWindow::BuildMenus() {
   }
 
   QMenu* viewMenu = menuBar()->addMenu("&View");
-  AddCommand(viewMenu, Command::Calculation, "Calculation", true);
-  AddCommand(viewMenu, Command::UseSound, "Use Sound", true);
+  AddCommand(viewMenu, Command::Calculation, "Calculation", QKeySequence(Qt::Key_F9), true);
+  AddCommand(viewMenu, Command::UseSound, "Use Sound", QKeySequence(Qt::CTRL | Qt::Key_M), true);
 
   QToolBar* bar = addToolBar("Toolbar1");
   bar->setObjectName("Toolbar1");
   bar->setIconSize(QSize(24, 24));
   bar->setMovable(false);
-  auto button = [&](Command c, const QString& text) {
+  auto button = [&](Command c) {
     QAction* a = actions_[c];
     a->setIcon(CommandIcon(c));
-    a->setToolTip(text);
     bar->addAction(a);
   };
-  button(Command::NewGame, "New Game");
+  button(Command::NewGame);
   bar->addSeparator();
-  button(Command::Compute, "Compute");
-  button(Command::Cancel, "Cancel");
+  button(Command::Compute);
+  button(Command::Cancel);
   bar->addSeparator();
-  button(Command::First, "First");
-  button(Command::Back, "Back");
-  button(Command::Forward, "Forward");
-  button(Command::Last, "Last");
+  button(Command::First);
+  button(Command::Back);
+  button(Command::Forward);
+  button(Command::Last);
   bar->addSeparator();
-  button(Command::OfferDraw, "Offer draw");
-  button(Command::Resign, "Resign");
+  button(Command::OfferDraw);
+  button(Command::Resign);
   bar->addSeparator();
-  button(Command::PlayerComputer, "Player-Computer");
-  button(Command::PlayerPlayer, "Player-Player");
-  button(Command::ComputerComputer, "Computer-Computer");
+  button(Command::PlayerComputer);
+  button(Command::PlayerPlayer);
+  button(Command::ComputerComputer);
   bar->addSeparator();
-  button(Command::TurnBoard, "Turn Board");
-  button(Command::Options, "Options");
+  button(Command::TurnBoard);
+  button(Command::Options);
 }
 
 void MainWindow::BuildPanels() {
@@ -242,9 +260,12 @@ void MainWindow::BuildPanels() {
   entry->addWidget(moveButton_);
   side->addLayout(entry);
 
+  // The calculation: four lines whatever it says, so that a long main line
+  // neither pushes the boxes above it nor widens the window.
   label_[9]->setWordWrap(true);
   label_[9]->setFrameShape(QFrame::StyledPanel);
-  label_[9]->setMinimumHeight(56);
+  label_[9]->setFixedHeight(4 * label_[9]->fontMetrics().lineSpacing() + 2 * label_[9]->frameWidth() + 4);
+  label_[9]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   label_[9]->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   label_[9]->setTextInteractionFlags(Qt::TextSelectableByMouse);
   side->addWidget(label_[9]);
@@ -252,12 +273,15 @@ void MainWindow::BuildPanels() {
 
   statusPanel_ = new QLabel;
   strengthPanel_ = new QLabel;
+  openingPanel_ = new QLabel;
+  openingPanel_->setContentsMargins(12, 0, 12, 0);
   productPanel_ = new QLabel;
   progress_ = new QProgressBar;
   progress_->setMaximumWidth(160);
   progress_->setTextVisible(false);
   statusBar()->addWidget(statusPanel_, 1);
   statusBar()->addPermanentWidget(strengthPanel_);
+  statusBar()->addPermanentWidget(openingPanel_);
   statusBar()->addPermanentWidget(progress_);
   statusBar()->addPermanentWidget(productPanel_);
 
@@ -277,6 +301,11 @@ void MainWindow::BuildPanels() {
     screen_.Text2 = text2_->text().toStdString();
     EnterTypedMove(session_);
     Sync();
+    // Back to the move box, also after a refused move, for the next try.
+    if (text2_->isEnabled()) {
+      text2_->setFocus();
+      text2_->selectAll();
+    }
   };
   connect(text2_, &QLineEdit::returnPressed, this, typed);
   connect(moveButton_, &QPushButton::clicked, this, typed);
@@ -307,7 +336,13 @@ void MainWindow::Sync() {
     board_->updateGeometry();
     board_->setFixedSize(board_->sizeHint());
     // The window takes the size of the new board once the layout has settled.
-    QTimer::singleShot(0, this, [this] { resize(minimumSizeHint()); });
+    // A smaller set shrinks it too: the layouts are settled first, so that
+    // the old board's size no longer counts.
+    QTimer::singleShot(0, this, [this] {
+      centralWidget()->layout()->activate();
+      layout()->activate();
+      resize(minimumSizeHint());
+    });
   }
   board_->update();
 
@@ -329,7 +364,7 @@ void MainWindow::Sync() {
     pal.setColor(QPalette::WindowText, toMove ? Qt::white : QColor(200, 30, 30));
     label_[i]->setPalette(pal);
   }
-  label_[9]->setText(Q(sc.Label9));
+  label_[9]->setText(CalculationText(sc.Label9));
 
   SyncList(list1_, sc.List1, CommandAvailable(sc, Command::List1));
   if (sc.List1Selected >= 0 && sc.List1Selected < list1_->count()) {
@@ -348,6 +383,7 @@ void MainWindow::Sync() {
 
   statusPanel_->setText(Q(sc.StatusText));
   strengthPanel_->setText(Q(sc.StrengthText));
+  openingPanel_->setText(Q(sc.OpeningNameShown));
   productPanel_->setText(Q(sc.ProductText));
   if (!progressTimer_->isActive()) {
     progress_->setMaximum(std::max(1, sc.ProgressMax));
@@ -447,7 +483,7 @@ void MainWindow::ShowThinking() {
   ThinkingReport::Snapshot now;
   if (!worker_.live.Take(now)) return;
   if (!now.status.empty()) statusPanel_->setText(Q(now.status));
-  if (!now.calculation.empty()) label_[9]->setText(Q(now.calculation));
+  if (!now.calculation.empty()) label_[9]->setText(CalculationText(now.calculation));
   if (now.maximum > 0) {
     progress_->setMaximum(now.maximum);
     progress_->setValue(std::min(now.progress, now.maximum));

@@ -11,6 +11,7 @@
 #include "interaction/session.h"
 
 class QAction;
+class QKeySequence;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -70,7 +71,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void BuildMenus();
   void AddPdnCommands(QMenu* gameMenu);  // Open PDN..., Save PDN..., Details...
   void BuildPanels();
-  QAction* AddCommand(QMenu* menu, Command c, const QString& text, bool checkable = false);
+  QAction* AddCommand(QMenu* menu, Command c, const QString& text, const QKeySequence& keys, bool checkable = false);
   void Sync();
   void SyncList(QListWidget* list, const std::vector<std::string>& rows, int enabled);
   void JobFinished();
@@ -95,6 +96,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
   QPushButton* moveButton_ = nullptr;
   QLabel* statusPanel_ = nullptr;
   QLabel* strengthPanel_ = nullptr;
+  QLabel* openingPanel_ = nullptr;  // the opening the game is in
   QLabel* productPanel_ = nullptr;
   QProgressBar* progress_ = nullptr;
 

@@ -55,6 +55,13 @@ void RunCommand(Session& s, Command c) {
   }
 }
 
+void DisableAfterGameEnd(Session& s) {
+  for (Command c : {Command::Compute, Command::ComputerComputer, Command::Analyze, Command::List2,
+                    Command::OfferDraw, Command::Hint, Command::Resign})
+    EnableCommand(s, c, 0);
+  s.window.Changed(Part::Commands);
+}
+
 namespace {
 
 void CheckPlayMode(Session& s) {
@@ -81,13 +88,6 @@ std::string StrengthCaption(const Options& o) {
 
 namespace {
 
-// The commands that a game once over can no longer use.
-void DisableAfterGameEnd(Session& s) {
-  for (Command c : {Command::Compute, Command::ComputerComputer, Command::Analyze, Command::List2,
-                    Command::OfferDraw, Command::Hint, Command::Resign})
-    EnableCommand(s, c, 0);
-}
-
 // The human takes the side to move, the computer the other.
 void NamePlayersForPlayerComputer(Game& g) {
   const bool firstToMove = (g.RuleSet.BlackStarts == 1) == (g.SideToMove == -1);
@@ -109,6 +109,11 @@ void BeginThinking(Session& s) {
     sc.List2.clear();
     sc.List3.clear();
     for (Command c : {Command::List1, Command::List2, Command::List3}) EnableCommand(s, c, 0);
+  }
+  // The movable-piece boxes come off the board while the computer thinks.
+  if (g.Settings.ShowAvailableMoves == 1) {
+    RefreshBoard(s, 0);
+    sc.Carry.HighlightDrawn = 0;
   }
   sc.StatusText = "Thinking...";
   if (g.Settings.ShowCalculation == 1) sc.Label9.clear();
@@ -283,6 +288,7 @@ void ComputerTurnFinished(Session& s, TurnReason reason) {
   if (reason == TurnReason::Reply || reason == TurnReason::ReplyDirect) FinishHumanMove(s);
   else RefreshMoveChoices(s);
   if (g.GameOver == 0 && g.Settings.ShowAvailableMoves == 1) MarkMovablePieces(s);
+  if (g.GameOver == 1) DisableAfterGameEnd(s);
   s.window.Changed(Part::All);
 }
 

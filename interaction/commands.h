@@ -17,6 +17,11 @@ void RunCommand(Session& s, Command c);
 // The level line of the status bar: "Strength: 9   Time: 2 sec".
 std::string StrengthCaption(const Options& o);
 
+// The commands a game once over can no longer use, disabled at every end of
+// a game: Compute, Analyze, Offer draw, Resign, Hint, Computer-Computer and
+// the legal moves.
+void DisableAfterGameEnd(Session& s);
+
 // What a new game shows: status, lists and the commands that open a game.
 void ShowNewGame(Session& s);
 

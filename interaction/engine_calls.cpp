@@ -8,7 +8,9 @@
 #include "core/movegen.h"
 #include "engine/driver.h"
 #include "engine/search.h"
+#include "interaction/analysis_list.h"
 #include "interaction/boardview.h"
+#include "interaction/commands.h"
 #include "interaction/movelist.h"
 
 namespace qv {
@@ -38,6 +40,7 @@ class WindowDriverUi : public DriverUi {
     s_.window.ShowMessage(text, caption, caption == "Error" ? BoxIcon::Warning : BoxIcon::Information);
   }
   bool AskYesNo(const std::string& caption, const std::string& text) override { return s_.window.AskYesNo(text, caption); }
+  void ShowRootScores(const std::vector<RootScore>& scores) override { FillAnalysisList(s_, scores); }
   // The computer's move entered the record: it goes into the game list and
   // onto the board before anything the turn says about it.
   void MoveRecorded(int halfMove) override {
@@ -85,6 +88,7 @@ void CheckEndAfterMove(Session& s) {
   UpdateDrawReason(g);
   WindowDriverUi ui(s);
   CheckGameEnd(g, ui, 0);
+  if (g.GameOver == 1) DisableAfterGameEnd(s);
 }
 void CheckDrawsAfterWalk(Session& s) {
   Game& g = s.game;

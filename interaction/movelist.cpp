@@ -1,10 +1,12 @@
 #include "interaction/movelist.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "core/makemove.h"
 #include "core/movegen.h"
 #include "core/text.h"
+#include "files/book.h"
 #include "interaction/boardview.h"
 #include "interaction/navigation.h"
 #include "interaction/record.h"
@@ -60,18 +62,28 @@ void WriteMoveToList(Session& s, std::string_view moveText, const std::string& d
   const bool first = n % 2 == 1;
   row[first ? FirstHalfText : SecondHalfText] = ToLower(moveText) + " " + display;
   row[first ? FirstMoverCode : SecondMoverCode] = std::to_string(moverCode);
-  const std::string listRow = GameListRow(n, display);
-  s.screen.List1.push_back(listRow);
+  // A move that keeps the game in the book is marked, and the opening named.
+  const BookAnswer book = BookLookup(g, 0, g.Random);
+  s.screen.List1.push_back(GameListRow(n, display) + (book.InBook == 1 ? "b" : ""));
+  s.screen.OpeningNameShown = book.OpeningName;
   s.screen.Text1.clear();
-  s.window.Changed(Part::Lists | Part::Texts);
+  s.window.Changed(Part::Lists | Part::Texts | Part::Status);
 }
 
 void RefreshMoveChoices(Session& s) {
   Game& g = s.game;
+  const BookAnswer book = BookLookup(g, 0, g.Random);
+  s.screen.OpeningNameShown = book.OpeningName;
   GenerateLegalMoves(g);
   s.screen.List2.clear();
-  for (int i = g.PlyBase[g.Ply]; i < g.PlyBase[g.Ply + 1]; ++i) s.screen.List2.push_back(MoveLabel(g, g.MoveStack[i]));
-  s.window.Changed(Part::Lists);
+  for (int i = g.PlyBase[g.Ply]; i < g.PlyBase[g.Ply + 1]; ++i) {
+    const MoveRecord& move = g.MoveStack[i];
+    const std::string bookForm = BookMoveText(move.FromSquare, move.ToSquare, g.RuleSet.PiecesOnBlack);
+    const bool proposed =
+        std::find(book.BookCandidates.begin(), book.BookCandidates.end(), bookForm) != book.BookCandidates.end();
+    s.screen.List2.push_back(MoveLabel(g, move) + (proposed ? "b" : ""));
+  }
+  s.window.Changed(Part::Lists | Part::Status);
 }
 
 namespace {
@@ -146,7 +158,7 @@ void RewriteMoveList(Session& s, int oldKind) {
       if (move.PromoteFlag != 0) display += 'K';
     }
     entry = ToLower(moveText) + " " + display;
-    s.screen.List1.push_back(GameListRow(n, display));
+    s.screen.List1.push_back(GameListRow(n, display) + (BookLookup(g, 0, g.Random, n).InBook == 1 ? "b" : ""));
   }
   s.screen.List1Selected = g.HalfMoveCount - 1;
   s.window.Changed(Part::Lists);

@@ -136,6 +136,7 @@ struct Screen {
   std::string StatusText;   // the first status panel
   std::string ProductText;  // the product line
   std::string StrengthText;  // Label7
+  std::string OpeningNameShown;  // the third panel: the opening the game is in
   int ProgressValue = 0;
   int ProgressMax = 100;
   std::string Label9 = "no calculation";  // the running calculation

@@ -3,6 +3,7 @@
 // computer game stops it first.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -109,6 +110,40 @@ TEST(MainWindow, ClosingDuringComputerComputerStopsTheGameFirst) {
   QApplication::processEvents();
   EXPECT_FALSE(window->isVisible());
   EXPECT_EQ(window->game().Settings.PlayMode, 0);
+}
+
+// A box opened by a press takes that press's release; the next press on the
+// board is a press of its own.
+TEST(MainWindow, ThePressAfterAMessageBoxIsNotLost) {
+  std::vector<std::string> messages;
+  auto window = OpenWindow(messages);
+  window->game().Settings.DepthMode = 1;
+  window->game().Settings.DepthLimit = 2;
+  BoardWidget* board = window->board();
+  const int turned = window->game().Settings.BoardTurned;
+  const QPoint white = board->SquareCentre(SquareOfCell(SquareNumber("C3", 0, 1), turned));
+  Send(board, QEvent::MouseButtonPress, white, Qt::LeftButton, Qt::LeftButton);  // its release never comes
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_EQ(messages[0], "Error: Black moves");
+  Drag(board, "B6", "A5", turned);
+  EXPECT_EQ(window->game().HalfMoveCount, 1);
+  ASSERT_TRUE(WaitUntil([&] { return !window->ComputerThinking() && window->game().HalfMoveCount == 2; }));
+}
+
+// Every command has keys of its own, named in its tool tip.
+TEST(MainWindow, EveryCommandHasKeysNamedInItsToolTip) {
+  std::vector<std::string> messages;
+  auto window = OpenWindow(messages);
+  for (Command c : {Command::NewGame, Command::NewVariant, Command::Exit, Command::Compute, Command::Cancel,
+                    Command::OfferDraw, Command::Resign, Command::PlayerComputer, Command::PlayerPlayer,
+                    Command::ComputerComputer, Command::First, Command::Back, Command::Forward, Command::Last,
+                    Command::TurnBoard, Command::NotationNone, Command::NotationAlgebraic, Command::NotationNumeric,
+                    Command::Calculation, Command::UseSound}) {
+    QAction* a = window->action(c);
+    ASSERT_NE(a, nullptr);
+    EXPECT_FALSE(a->shortcut().isEmpty()) << a->text().toStdString();
+    EXPECT_TRUE(a->toolTip().contains(a->shortcut().toString(QKeySequence::NativeText))) << a->text().toStdString();
+  }
 }
 
 TEST(MainWindow, AFatalErrorOnTheWorkerStopsThenShowsTheBoxThenCloses) {
