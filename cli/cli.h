@@ -28,6 +28,7 @@ struct CliOptions {
   std::optional<double> time;
   std::optional<int> handicap;
   std::optional<int> maxMoves;
+  std::optional<std::string> sort;  // pvtable's order of rows
   std::string command;
   std::vector<std::string> arguments;  // what follows the command
 };
@@ -71,5 +72,7 @@ int RunMoves(CliContext& context);
 int RunPerft(CliContext& context);
 int RunPlay(CliContext& context);
 int RunVariants(CliContext& context);
+int RunAnalyze(CliContext& context);
+int RunPvTable(CliContext& context);
 
 }  // namespace qv::cli

@@ -22,6 +22,8 @@ constexpr CommandEntry Commands[] = {
     {"perft", qv::cli::RunPerft},
     {"play", qv::cli::RunPlay},
     {"variants", qv::cli::RunVariants},
+    {"analyze", qv::cli::RunAnalyze},
+    {"pvtable", qv::cli::RunPvTable},
 };
 
 }  // namespace

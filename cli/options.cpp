@@ -46,7 +46,12 @@ std::string UsageText() {
          "                          the computer plays both sides to the end of the game\n"
          "                          (from the opening book while it knows the game)\n"
          "       [--save FILE.pdn]  and appends the game to a PDN file\n"
-         "  variants                list the classic and the user variants with their search flavour\n";
+         "  variants                list the classic and the user variants with their search flavour\n"
+         "  analyze [--depth N | --time S] [--handicap H] [--json]\n"
+         "                          the root moves of the position with their scores, best first, and the main line\n"
+         "  pvtable [--depth N] [--sort KEY] [--json]\n"
+         "                          the ply value table: each move searched at rising depths, combinations marked;\n"
+         "                          KEY: best-difference, both-difference, best-value, most-time, combinations\n";
 }
 
 CliOptions ParseOptions(int argc, char** argv) {
@@ -88,6 +93,7 @@ CliOptions ParseOptions(int argc, char** argv) {
       if (text.empty() || *end != '\0' || !(seconds > 0)) throw UsageError{"bad value '" + text + "' for --time"};
       o.time = seconds;
     } else if (arg == "--handicap") o.handicap = static_cast<int>(WholeNumber(arg, NeedValue(i, argc, argv), 0, 100));
+    else if (arg == "--sort") o.sort = NeedValue(i, argc, argv);
     else if (arg == "--max-moves")
       o.maxMoves = static_cast<int>(WholeNumber(arg, NeedValue(i, argc, argv), 1, 1000));
     else if (arg.size() > 1 && arg[0] == '-' && !(arg.size() > 1 && std::isdigit(static_cast<unsigned char>(arg[1]))))

@@ -212,6 +212,9 @@ struct Game {
   int BackRankActive = 1;
   int HorizonLimit = 0;
   int SearchCancelled = 0;
+  // 1 while the ply value table runs: a Cancel ends the quick search at once
+  // instead of at the end of the root move.
+  int QuickSearchCancels = 0;
   long long NodeCount = 0;  // search nodes visited, for the benchmarks
   int ThreeKingsSince = 0;
   int TwoKingsSince = 0;
@@ -222,6 +225,10 @@ struct Game {
   int WinAnnounced = 0;
   int BookMoveFrom = 0;
   int BookMoveTo = 0;
+  // The reply the computer's last main line expects of the player, for the
+  // hint; 0 when none.
+  int StoredReplyFrom = 0;
+  int StoredReplyTo = 0;
   Table<int, RecordSize> ScoreHistory;
 
   Options Settings;

@@ -1,13 +1,13 @@
 #include "engine/driver.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 
 #include "core/gameend.h"
 #include "core/makemove.h"
 #include "core/movegen.h"
 #include "core/text.h"
+#include "engine/deepening.h"
 #include "engine/evaluate.h"
 #include "engine/search.h"
 #include "engine/timetext.h"
@@ -17,20 +17,7 @@ namespace qv {
 
 namespace {
 
-double Clock() {
-  using namespace std::chrono;
-  return duration<double>(steady_clock::now().time_since_epoch()).count();
-}
-
-long WholeSeconds() { return static_cast<long>(std::floor(Clock())); }
-
-int PVLength(const Game& g) {
-  int k = 1;
-  while (k < PlyRows && g.PVTable[1][k].From != 0) ++k;
-  return k;
-}
-
-std::string SquareText(const Game& g, int cell) { return SquareNotation(cell, 1, g.Settings.NotationKind); }
+long WholeSeconds() { return static_cast<long>(std::floor(SearchClock())); }
 
 // No man on the board and both sides' pieces worth the same.
 bool KingsOnlyLevel(const Game& g) {
@@ -188,26 +175,16 @@ class Turn {
     report_.iterationLog = decision.iterationLog;
   }
 
-  // Start steps 10 and 12: the depth, the pause, then the clock; the root
-  // moves kept apart from the stack the search overwrites.
+  // Start steps 10 and 12: the depth, the pause, then the clock.
   void PrepareSearch() {
     depthLimit_ = depthMode_ == 1 ? std::max(1, o_.DepthLimit) : 20;
     if (rootCount_ == 1) depthLimit_ = 1;
-    ui_.SetProgress(0, ProgressMaximum());
+    ui_.SetProgress(0, depthMode_ == 1 ? rootCount_ * depthLimit_ : o_.TimeLimit);
     ui_.Pause(0.5);
-    clockStart_ = Clock();
+    clockStart_ = SearchClock();
     // Step 11, the book: a known opening move is played after one iteration.
     fromBook_ = PlayBookMove();
     if (fromBook_) depthLimit_ = 1;
-
-    rootInfo_.resize(static_cast<std::size_t>(rootCount_));
-    for (int i = 0; i < rootCount_; ++i)
-      rootInfo_[i] = RootScore{g_.MoveStack[i].FromSquare, g_.MoveStack[i].ToSquare, -32767};
-    roots_.assign(g_.MoveStack.begin(), g_.MoveStack.begin() + rootCount_);
-    member_ = SearchMemberFor(g_);
-    searchRootCount_ = g_.HalfMoveCount;
-    for (auto& row : g_.PVTable) row.Fill(PVEntry{});
-    for (auto& row : g_.KillerTable) row.Fill(MoveKey{});
   }
 
   // Asks the book for a move when the player wants the book used. A proposed
@@ -230,170 +207,24 @@ class Turn {
     return false;
   }
 
-  int ProgressMaximum() const { return depthMode_ == 1 ? rootCount_ * depthLimit_ : o_.TimeLimit; }
-
-  // The iterations, d from 1 to the depth limit, each over all root moves.
+  // The iterations, d from 1 to the depth limit, each over all root moves;
+  // the root moves are kept apart from the stack the search overwrites.
   void Deepen() {
-    int d = 1;
-    for (; d <= depthLimit_; ++d) {
-      const long iterationStart = WholeSeconds();
-      if (depthMode_ == 1) lazyRaiseArmed_ = lazyRaiseArmed_ || d == 1;
-      else lazyRaiseArmed_ = d > 2;
-      if (d == 1) {
-        alpha_ = -32000;
-        beta_ = 32000;
-      } else {
-        beta_ = alpha_ + 100;
-        alpha_ = alpha_ - 100;
-      }
-      g_.HorizonLimit = d + std::clamp(o_.Plys, 1, 6);
-      for (int i = 0; i < rootCount_; ++i)
-        if (!SearchRootMove(i, d)) break;
-      if (depthMode_ == 0 && elapsed_ >= o_.TimeLimit) StopUnlessScoreFell();
-      if (g_.SearchCancelled == 1) break;
-      prevIterationBest_ = bestScore_;
-      decision_.iterationLog += std::string(15, ' ') + shortLine_ + "   M: " + bestLine_ +
-                                "  T: " + TimeString(WholeSeconds() - iterationStart) + "\r\n";
-    }
-    decision_.depth = std::min(d, depthLimit_);
-  }
-
-  // Root move i at iteration d: the first against the aspiration window,
-  // the others first with a null window. False when the iteration stops.
-  bool SearchRootMove(int i, int d) {
-    researched_ = false;
-    g_.PVTable[0][0].From = 0;
-    const std::string move = MoveLabel(g_, roots_[static_cast<std::size_t>(i)]);
-    if (o_.ShowCalculation == 1) ui_.SetStatus("Thinking... (" + std::to_string(d) + ")  " + move);
-    MakeRoot(i);
-    int score = Dispatch(alpha_, beta_, d);
-    if (i == 0) score = ShortLineResearch(score, alpha_, beta_, d, move);
-    UndoRoot();
-    if (Cancelled()) return false;
-    bool newBest = false;
-    if (i > 0) {
-      if (score > alpha_) {
-        const int old = alpha_;
-        alpha_ = score;
-        beta_ = 32000;
-        MakeRoot(i);
-        score = Dispatch(alpha_, beta_, d);
-        if (score > old) score = ShortLineResearch(score, alpha_, beta_, d, move);
-        UndoRoot();
-        if (Cancelled()) return false;
-        if (score > old) {
-          alpha_ = score;
-          beta_ = score + 1;
-          newBest = true;
-        } else {
-          alpha_ = old;
-        }
-      }
-    } else {
-      if (score < alpha_ || score >= beta_) {
-        if (score < alpha_) {
-          alpha_ = -32000;
-          beta_ = score;
-        } else {
-          alpha_ = score;
-          beta_ = 32000;
-        }
-        MakeRoot(0);
-        score = Dispatch(alpha_, beta_, d);
-        score = ShortLineResearch(score, alpha_, beta_, d, move);
-        UndoRoot();
-        if (Cancelled()) return false;
-      }
-      alpha_ = score;
-      beta_ = score + 1;
-      newBest = true;
-    }
-    if (newBest) TakeNewBest(i, d, score, move);
-    ClockStep();
-    int stored = newBest ? alpha_ : score;
-    if (researched_) stored = keptScore_;
-    rootInfo_[newBest ? 0 : static_cast<std::size_t>(i)].Score = stored;
-    return g_.SearchCancelled != 1;
-  }
-
-  // A Cancel by the player drops the move being searched, unless the game is decided.
-  bool Cancelled() const { return g_.SearchCancelled == 1 && std::abs(alpha_) < 30001; }
-
-  // Makes root move i, copied back onto the stack first, and notes whether
-  // it repeats a position of the game or runs out the move limit.
-  void MakeRoot(int i) {
-    g_.MoveStack[0] = roots_[static_cast<std::size_t>(i)];
-    g_.PlyBase[1] = 1;
-    MakeSearchMove(g_, 0);
-    const int upto = searchRootCount_ - 1;
-    CountRepetitions(g_, upto);
-    if (g_.LineDrawn == 0) {
-      CheckMoveLimit(g_, upto);
-      g_.LineDrawn = g_.LimitReached;
-    }
-  }
-
-  // The root move's draw mark lasts through all its searches, the short-line
-  // re-search included, and ends with it.
-  void UndoRoot() {
-    UndoSearchMove(g_, 0);
-    g_.LineDrawn = 0;
-  }
-
-  // The made root move searched at iteration depth d; a move that repeats a
-  // position or runs out the move limit scores as a draw.
-  int Dispatch(int alpha, int beta, int d) {
-    const int score = -SearchNode(g_, member_, -beta, -alpha, d - 1);
-    return g_.LineDrawn >= 1 ? 0 : score;
-  }
-
-  // When the main line ended too soon, the first root move is searched one ply deeper.
-  int ShortLineResearch(int score, int alpha, int beta, int d, const std::string& move) {
-    if (PVLength(g_) >= 3 || d < 3) return score;
-    ui_.SetStatus("Thinking... (" + std::to_string(d) + "/" + std::to_string(d + 1) + ")  " + move);
-    const bool fullWindow = member_ == SearchMember::Fast1 || member_ == SearchMember::Anti;
-    const int a = fullWindow ? -32000 : alpha, b = fullWindow ? 32000 : beta;
-    keptScore_ = score;
-    score = -SearchNode(g_, member_, -b, -a, d);
-    researched_ = true;
-    if (g_.MaterialByPly[g_.Ply] != 0 && lazyRaiseArmed_) g_.LazyMargin += 10;
-    return score;
-  }
-
-  // Root move i is the new best: its line and texts; it goes to the front.
-  void TakeNewBest(int i, int d, int score, const std::string& move) {
-    bestScore_ = score;
-    // The main line: this root move, then what the search found below it.
-    g_.MoveStack[0] = roots_[static_cast<std::size_t>(i)];
-    UpdatePV(g_, 0);
-    bestLine_ = fromBook_ ? "Book" : MainLineText(g_);
-    if (o_.ShowCalculation == 1) {
-      head_ = "Depth:" + Str(d) + "   Best: " + move + "   Score:" + Str(score);
-      shortLine_ = "D:" + Str(d) + "   B: " + move + "   S:" + Str(score);
-      ui_.SetCalculation(fromBook_ ? head_ + "\r\nBook" : head_);
-    }
-    if (i > 0) {
-      std::rotate(roots_.begin(), roots_.begin() + i, roots_.begin() + i + 1);
-      std::rotate(rootInfo_.begin(), rootInfo_.begin() + i, rootInfo_.begin() + i + 1);
-    }
-  }
-
-  // After each root move: the progress, and in time mode the time limit.
-  void ClockStep() {
-    if (depthMode_ == 1) {
-      ui_.SetProgress(++progress_, ProgressMaximum());
-      return;
-    }
-    elapsed_ = std::min<double>(std::floor(Clock() - clockStart_), o_.TimeLimit);
-    ui_.SetProgress(static_cast<int>(elapsed_), o_.TimeLimit);
-    if (elapsed_ >= o_.TimeLimit) StopUnlessScoreFell();
-  }
-
-  // Time is up, but a score that fell since the last iteration gets more.
-  void StopUnlessScoreFell() {
-    if (bestScore_ < prevIterationBest_ - 50) return;
-    g_.StopRequest = 2;
-    g_.SearchCancelled = 1;
+    DeepeningSetup setup;
+    setup.depthLimit = depthLimit_;
+    setup.depthMode = depthMode_;
+    setup.timeLimit = o_.TimeLimit;
+    setup.clockStart = clockStart_;
+    setup.bookMove = fromBook_;
+    DeepeningResult thought =
+        DeepenRootMoves(g_, ui_, setup, std::vector<MoveRecord>(g_.MoveStack.begin(), g_.MoveStack.begin() + rootCount_));
+    roots_ = std::move(thought.roots);
+    rootInfo_ = std::move(thought.rootInfo);
+    bestScore_ = thought.bestScore;
+    bestLine_ = std::move(thought.bestLine);
+    head_ = std::move(thought.head);
+    decision_.depth = thought.depth;
+    decision_.iterationLog = std::move(thought.iterationLog);
   }
 
   // End steps 1 to 3: the texts, the stop flags, the root scores sorted.
@@ -409,11 +240,7 @@ class Turn {
       g_.StopRequest = 0;
       g_.SearchCancelled = 1;
     }
-    // Highest score first, by exchanges over all pairs: equal scores keep no
-    // particular order.
-    for (std::size_t i = 0; i < rootInfo_.size(); ++i)
-      for (std::size_t j = i + 1; j < rootInfo_.size(); ++j)
-        if (rootInfo_[j].Score > rootInfo_[i].Score) std::swap(rootInfo_[i], rootInfo_[j]);
+    SortRootScores(rootInfo_);
   }
 
   // The texts of the end of thinking, shown by the game that plays the move,
@@ -536,18 +363,9 @@ class Turn {
   bool fromBook_ = false;
   double clockStart_ = 0;
   std::vector<RootScore> rootInfo_;
-  std::vector<MoveRecord> roots_;
-  SearchMember member_ = SearchMember::General;
-  int searchRootCount_ = 0;
-
-  int alpha_ = -32000, beta_ = 32000;
-  int bestScore_ = -32001, prevIterationBest_ = -32001;
-  int progress_ = 0;
-  double elapsed_ = 0;
-  bool lazyRaiseArmed_ = false;
-  bool researched_ = false;
-  int keptScore_ = 0;  // the score before the last short-line re-search
-  std::string bestLine_, head_, shortLine_;
+  std::vector<MoveRecord> roots_;  // best first once the thinking is over
+  int bestScore_ = -32001;
+  std::string bestLine_, head_;
 };
 
 }  // namespace
@@ -567,17 +385,6 @@ int NoiseRangeFor(int strengthHandicap) {
   return range;
 }
 
-std::string MainLineText(const Game& g) {
-  std::string line;
-  for (int k = 0; k < PlyRows && g.PVTable[0][k].From != 0; ++k) {
-    const PVEntry& e = g.PVTable[0][k];
-    if (!line.empty()) line += ' ';
-    line += SquareText(g, e.From) + (e.Kind % 10 == 1 ? g.CaptureChar : "-") + SquareText(g, e.To);
-    if (e.Kind >= 10) line += 'K';
-  }
-  return line;
-}
-
 CarriedEngineState CarriedEngineState::From(const Game& g) {
   CarriedEngineState c;
   c.LazyMargin = g.LazyMargin;
@@ -591,6 +398,8 @@ CarriedEngineState CarriedEngineState::From(const Game& g) {
   c.NodeCount = g.NodeCount;
   c.Random = g.Random;
   c.PVTable = g.PVTable;
+  c.StoredReplyFrom = g.StoredReplyFrom;
+  c.StoredReplyTo = g.StoredReplyTo;
   return c;
 }
 
@@ -606,6 +415,8 @@ void CarriedEngineState::GiveTo(Game& g) const {
   g.NodeCount = NodeCount;
   g.Random = Random;
   g.PVTable = PVTable;
+  g.StoredReplyFrom = StoredReplyFrom;
+  g.StoredReplyTo = StoredReplyTo;
 }
 
 TurnDecision ThinkComputerMove(Game& g, DriverUi& ui) { return Turn(g, ui).Think(); }

@@ -6,17 +6,9 @@
 
 #include "core/game.h"
 #include "engine/driver_ui.h"
+#include "engine/root_moves.h"
 
 namespace qv {
-
-// A root move's entry before the search has reached it.
-inline constexpr int NotScored = -32767;
-
-struct RootScore {
-  int From = NotScored;
-  int To = NotScored;
-  int Score = NotScored;
-};
 
 // What one turn found, for the caller's display and log.
 struct TurnReport {
@@ -50,6 +42,8 @@ struct CarriedEngineState {
   long long NodeCount = 0;
   RandomSource Random;
   Table<Table<PVEntry, PlyRows>, PlyRows> PVTable;
+  int StoredReplyFrom = 0;  // the reply the hint will offer
+  int StoredReplyTo = 0;
 
   static CarriedEngineState From(const Game& g);
   void GiveTo(Game& g) const;
@@ -91,8 +85,5 @@ TurnReport ComputerMove(Game& g, DriverUi& ui);
 // no move but pieces under the rule that makes that a draw, or when the
 // player accepts the computer's offer.
 void DeclareDraw(Game& g, DriverUi& ui);
-
-// The main line of the last root decision (row 0 of PVTable) as move texts.
-std::string MainLineText(const Game& g);
 
 }  // namespace qv

@@ -14,7 +14,7 @@ constexpr int Used = -32000;
 // What a member of the search family fixes at compile time: its generator and
 // evaluation, how deep it goes, and what a side without moves scores. Quick
 // members (QuickSearch) stop at a shallower depth, ignore a cancel on entry
-// and BruteForce.
+// unless QuickSearchCancels asks for it, and ignore BruteForce.
 template <SearchMember M, bool Quick>
 struct Member {
   static constexpr bool Fast = M == SearchMember::Fast1 || M == SearchMember::Fast2 ||
@@ -52,7 +52,7 @@ template <SearchMember M, bool Quick>
 int Node(Game& g, int alpha, int beta, int depth) {
   using Self = Member<M, Quick>;
   int result = 0;
-  if (!Quick && g.SearchCancelled == 1) return result;
+  if (g.SearchCancelled == 1 && (!Quick || g.QuickSearchCancels == 1)) return result;
   ++g.NodeCount;
   const int ply = g.Ply;
   g.PVTable[ply][ply].From = 0;

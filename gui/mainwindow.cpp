@@ -28,9 +28,11 @@
 #include "gui/boardwidget.h"
 #include "gui/optionsdialog.h"
 #include "gui/pictureset.h"
+#include "gui/plyvaluewindow.h"
 #include "gui/sound.h"
 #include "gui/toolicons.h"
 #include "gui/variantsdialog.h"
+#include "interaction/analysis_commands.h"
 #include "interaction/commands.h"
 #include "interaction/engine_calls.h"
 #include "interaction/movelist.h"
@@ -88,6 +90,7 @@ QAction* MainWindow::AddCommand(QMenu* menu, Command c, const QString& text, con
   addAction(action);
   connect(action, &QAction::triggered, this, [this, c] {
     if (c == Command::Exit) close();
+    else if (c == Command::PlyValueTable) ShowPlyValueTable();
     else RunCommand(session_, c);
     Sync();
   });
@@ -113,6 +116,8 @@ void MainWindow::BuildMenus() {
   playMenu->addSeparator();
   AddCommand(playMenu, Command::OfferDraw, "Offer draw", QKeySequence(Qt::CTRL | Qt::Key_D));
   AddCommand(playMenu, Command::Resign, "Resign", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R));
+  AddCommand(playMenu, Command::Hint, "Hint", QKeySequence(Qt::Key_F2));
+  AddCommand(playMenu, Command::Analyze, "Analyze", QKeySequence(Qt::Key_F3));
   playMenu->addSeparator();
   AddCommand(playMenu, Command::PlayerComputer, "Player-Computer", QKeySequence(Qt::CTRL | Qt::Key_1), true);
   AddCommand(playMenu, Command::PlayerPlayer, "Player-Player", QKeySequence(Qt::CTRL | Qt::Key_2), true);
@@ -148,6 +153,8 @@ void MainWindow::BuildMenus() {
   QMenu* viewMenu = menuBar()->addMenu("&View");
   AddCommand(viewMenu, Command::Calculation, "Calculation", QKeySequence(Qt::Key_F9), true);
   AddCommand(viewMenu, Command::UseSound, "Use Sound", QKeySequence(Qt::CTRL | Qt::Key_M), true);
+  viewMenu->addSeparator();
+  AddCommand(viewMenu, Command::PlyValueTable, "Show Ply Value Table", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T));
 
   QToolBar* bar = addToolBar("Toolbar1");
   bar->setObjectName("Toolbar1");
@@ -170,12 +177,14 @@ void MainWindow::BuildMenus() {
   bar->addSeparator();
   button(Command::OfferDraw);
   button(Command::Resign);
+  button(Command::Hint);
   bar->addSeparator();
   button(Command::PlayerComputer);
   button(Command::PlayerPlayer);
   button(Command::ComputerComputer);
   bar->addSeparator();
   button(Command::TurnBoard);
+  button(Command::Analyze);
   button(Command::Options);
 }
 
@@ -295,6 +304,10 @@ void MainWindow::BuildPanels() {
   });
   connect(list2_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
     ClickLegalMove(session_, list2_->row(item));
+    Sync();
+  });
+  connect(list3_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    ClickAnalysisList(session_, list3_->row(item));
     Sync();
   });
   auto typed = [this] {
@@ -477,6 +490,12 @@ void MainWindow::StartEngineJob(const Game& g, EngineJob job) {
 }
 
 void MainWindow::StopEngineJob() { worker_.Cancel(); }
+
+void MainWindow::ShowPlyValueTable() {
+  if (!CommandAvailable(screen_, Command::PlyValueTable)) return;
+  if (!plyValue_) plyValue_ = new PlyValueWindow(session_, this);
+  plyValue_->Start();
+}
 
 // The worker's status, calculation and progress, as far as they have come.
 void MainWindow::ShowThinking() {

@@ -24,6 +24,7 @@ class QWidget;
 namespace qv::gui {
 
 class BoardWidget;
+class PlyValueWindow;
 class SoundPlayer;
 
 class MainWindow : public QMainWindow, public WindowLayer {
@@ -57,6 +58,9 @@ class MainWindow : public QMainWindow, public WindowLayer {
   bool ShowVariantsDialog() override;
   bool ShowPdnChooser(PdnChooserForm& form) override;
   void ShowDetailsDialog(PdnTags& tags) override;
+  // "Show Ply Value Table": frmPV, searching the table of the position.
+  void ShowPlyValueTable();
+  PlyValueWindow* plyValueWindow() { return plyValue_; }
   bool LoadSkinPicture(ImageRole role, const std::filesystem::path& file) override;
   void ShowOptionsDialog() override;
 
@@ -102,6 +106,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
 
   EngineWorker worker_;
   QTimer* progressTimer_ = nullptr;
+  PlyValueWindow* plyValue_ = nullptr;
   bool closePending_ = false;
   bool ending_ = false;  // a fatal error is closing the window
   bool syncing_ = false;

@@ -132,6 +132,25 @@ QIcon CommandIcon(Command command) {
       p.drawArc(QRectF(6, 8, 36, 32), -60 * 16, 120 * 16);
       break;
     }
+    case Command::Hint: {
+      // A light bulb.
+      p.setPen(QPen(QColor(40, 40, 40), 2.5));
+      p.setBrush(QColor(250, 215, 60));
+      p.drawEllipse(QRectF(12, 4, 24, 24));
+      p.setBrush(QColor(150, 150, 150));
+      p.drawRect(QRectF(18, 28, 12, 12));
+      p.drawLine(QPointF(18, 34), QPointF(30, 34));
+      break;
+    }
+    case Command::Analyze:
+      // A magnifying glass over a square of the board.
+      p.fillRect(QRectF(6, 6, 22, 22), QColor(128, 82, 50));
+      p.setPen(QPen(QColor(40, 40, 40), 3));
+      p.setBrush(QColor(200, 225, 245, 180));
+      p.drawEllipse(QRectF(10, 10, 22, 22));
+      p.setPen(QPen(QColor(40, 40, 40), 6, Qt::SolidLine, Qt::RoundCap));
+      p.drawLine(QPointF(30, 30), QPointF(42, 42));
+      break;
     case Command::Options: {
       // A cog wheel.
       p.setPen(Qt::NoPen);

@@ -6,6 +6,7 @@
 #include "core/movegen.h"
 #include "core/newgame.h"
 #include "core/text.h"
+#include "interaction/analysis_commands.h"
 #include "interaction/boardview.h"
 #include "interaction/engine_calls.h"
 #include "interaction/mouse_entry.h"
@@ -50,6 +51,8 @@ void RunCommand(Session& s, Command c) {
     case Command::NotationNumeric: return SetNotation(s, 1);
     case Command::Calculation: return ToggleCalculation(s);
     case Command::UseSound: return ToggleUseSound(s);
+    case Command::Analyze: return AnalyzeCommand(s);
+    case Command::Hint: return HintCommand(s);
     case Command::Options: return OpenOptions(s);
     default: return;  // not a menu command, or not built yet
   }
@@ -100,7 +103,7 @@ constexpr Command ThinkingDisables[] = {
     Command::PlayerPlayer, Command::PlayerComputer, Command::ComputerComputer, Command::Back,    Command::First,
     Command::Compute,      Command::Analyze,        Command::NewGame,          Command::Open,    Command::Save,
     Command::NewVariant,   Command::Options,        Command::OfferDraw,        Command::Hint,    Command::Resign,
-    Command::Forward,      Command::Last,           Command::Text2};
+    Command::Forward,      Command::Last,           Command::Text2,            Command::PlyValueTable};
 
 void BeginThinking(Session& s) {
   Game& g = s.game;
@@ -172,6 +175,9 @@ void StartTurnJob(Session& s, TurnReason reason, double wait) {
 }
 
 }  // namespace
+
+void LockForSearch(Session& s) { BeginThinking(s); }
+void UnlockAfterSearch(Session& s) { EndThinking(s); }
 
 void BeginComputerTurn(Session& s, TurnReason reason) {
   BeginThinking(s);

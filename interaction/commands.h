@@ -37,6 +37,10 @@ void BeginComputerTurn(Session& s, TurnReason reason);
 // On the window thread when the computer's turn is over.
 void ComputerTurnFinished(Session& s, TurnReason reason);
 void CancelCommand(Session& s);
+// Every command but Cancel disabled while a search runs, as for the
+// computer's turn, and enabled again after it.
+void LockForSearch(Session& s);
+void UnlockAfterSearch(Session& s);
 
 void FirstCommand(Session& s);
 void BackCommand(Session& s);

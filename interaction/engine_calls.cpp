@@ -8,7 +8,7 @@
 #include "core/movegen.h"
 #include "engine/driver.h"
 #include "engine/search.h"
-#include "interaction/analysis_list.h"
+#include "interaction/analysis_commands.h"
 #include "interaction/boardview.h"
 #include "interaction/commands.h"
 #include "interaction/movelist.h"
@@ -40,7 +40,10 @@ class WindowDriverUi : public DriverUi {
     s_.window.ShowMessage(text, caption, caption == "Error" ? BoxIcon::Warning : BoxIcon::Information);
   }
   bool AskYesNo(const std::string& caption, const std::string& text) override { return s_.window.AskYesNo(text, caption); }
-  void ShowRootScores(const std::vector<RootScore>& scores) override { FillAnalysisList(s_, scores); }
+  void ShowRootScores(const std::vector<RootScore>& scores) override {
+    s_.screen.RootInfo = scores;
+    FillAnalysisList(s_);
+  }
   // The computer's move entered the record: it goes into the game list and
   // onto the board before anything the turn says about it.
   void MoveRecorded(int halfMove) override {
@@ -98,9 +101,15 @@ void CheckDrawsAfterWalk(Session& s) {
   if (g.LineDrawn == 3) g.DrawReason = 1;
   if (g.BareKings == 1) g.DrawReason = 3;
 }
-void ClearHintState(Session&) {}
-void ClearAnalysisTable(Session& s) { s.screen.List3.clear(); }
-void ClearStoredReply(Game&) {}
+void ClearHintState(Session& s) { ClearStoredReply(s.game); }
+void ClearAnalysisTable(Session& s) {
+  s.screen.List3.clear();
+  for (RootScore& row : s.screen.RootInfo) row = RootScore{};
+}
+void ClearStoredReply(Game& g) {
+  g.StoredReplyFrom = 0;
+  g.StoredReplyTo = 0;
+}
 std::string GameEndText(const Game&) { return {}; }
 int LastSearchValue(const Game& g) { return g.GameInProgress == 1 ? g.LastSearchScore : 0; }
 void EndGameByAgreement(Session& s) {
@@ -123,7 +132,8 @@ EngineJob ComputerTurnJob(double wait, bool pauses, std::function<void(Session&,
     TurnDecision decision = ThinkComputerMove(work, ui);
     return [decision = std::move(decision), then](Session& s) {
       WindowDriverUi ui(s);
-      const bool moved = PlayComputerMove(s.game, decision, ui).moved;
+      const TurnReport turn = PlayComputerMove(s.game, decision, ui);
+      const bool moved = turn.moved;
       then(s, moved && s.game.SearchCancelled == 0);
     };
   };

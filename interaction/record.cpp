@@ -39,6 +39,8 @@ void RecordHumanMove(Session& s, std::string_view moveText, EntryPath path) {
 
   sc.Label9 = "no calculation";
   sc.StatusText.clear();
+  // The reply the computer expected is no longer the question.
+  ClearStoredReply(g);
   if (path != EntryPath::List3) sc[Command::List3].Enabled = 0;
   g.GameInProgress = 1;
   EnableCommand(s, Command::First, 1);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/table.h"
+#include "engine/root_moves.h"
 
 namespace qv {
 
@@ -89,6 +90,7 @@ enum class Command {
   List2,
   List3,
   Text2,
+  PlyValueTable,
   Count
 };
 
@@ -146,6 +148,7 @@ struct Screen {
   int List1Selected = -1;
   std::vector<std::string> List2;  // legal moves
   std::vector<std::string> List3;  // analysis
+  std::vector<RootScore> RootInfo;  // the analysis table behind List3, best first
 
   double ComputerPause = 0.5;  // seconds between two moves of Computer-Computer play
 
