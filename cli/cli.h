@@ -17,8 +17,9 @@ struct CliOptions {
   std::optional<unsigned long long> seed;
   std::optional<int> notation;  // 0 algebraic, 1 numeric
   std::optional<std::string> moves;
-  std::optional<std::string> load;  // a game file to start from
-  std::optional<std::string> save;  // play: where to write the game
+  std::optional<std::string> load;  // a game file (.qvn) or PDN collection to start from
+  std::optional<int> game;          // the game of a PDN collection, 1-based
+  std::optional<std::string> save;  // play: the game file to write, or the PDN file to add the game to
   bool json = false;
   bool divide = false;
   bool general = false;
@@ -61,6 +62,9 @@ struct LoadFailed {
 // Builds the game the options describe: variant, set-up, side, seed, notation,
 // the game of --load, then plays the moves of --moves.
 void PrepareGame(CliContext& context);
+
+// --load FILE.pdn [--game N]: the game's rules, start and moves; play --save
+// FILE.pdn: the played game appended to the file.
 
 int RunShow(CliContext& context);
 int RunMoves(CliContext& context);

@@ -39,7 +39,7 @@ std::string UsageText() {
          "  --seed N                seed the random generator so that a run can be repeated\n"
          "  --notation algebraic|numeric\n"
          "  --moves \"c3-d4 f6-e5\"   play these moves first (either notation, - or x)\n"
-         "  --load FILE             start from the game saved in FILE (.qvn)\n"
+         "  --load FILE [--game N]  start from the game saved in FILE (.qvn), or game N (default 1) of a .pdn\n"
          "commands:\n"
          "  show                    print the position, its setup text and the rule set\n"
          "  moves [--json]          list the legal moves in generation order\n"
@@ -48,7 +48,7 @@ std::string UsageText() {
          "  play [--depth N | --time S] [--handicap H] [--max-moves N] [--no-book] [--stats]\n"
          "                          the computer plays both sides to the end of the game\n"
          "                          (from the opening book while it knows the game)\n"
-         "       [--save FILE]      and writes the game to FILE (.qvn)\n"
+         "       [--save FILE]      and writes the game to FILE (.qvn), or adds it to a .pdn\n"
          "  variants                list the classic and the user variants with their search flavour\n"
          "  analyze [--depth N | --time S] [--handicap H] [--json]\n"
          "                          the root moves of the position with their scores, best first, and the main line\n"
@@ -82,6 +82,7 @@ CliOptions ParseOptions(int argc, char** argv) {
       else throw UsageError{"unknown notation '" + text + "': use algebraic or numeric"};
     } else if (arg == "--moves") o.moves = NeedValue(i, argc, argv);
     else if (arg == "--load") o.load = NeedValue(i, argc, argv);
+    else if (arg == "--game") o.game = static_cast<int>(WholeNumber(arg, NeedValue(i, argc, argv), 1, 1000000));
     else if (arg == "--save") o.save = NeedValue(i, argc, argv);
     else if (arg == "--json") o.json = true;
     else if (arg == "--divide") o.divide = true;

@@ -29,7 +29,8 @@ void PrepareGame(CliContext& context) {
   }
   if (o.notation && g.RuleSet.PiecesOnBlack != 2) g.Settings.NotationKind = *o.notation;
   if (o.load) {
-    const LoadResult loaded = LoadGame(g, *o.load, LoadChosenFile);
+    const LoadResult loaded = IsPdnFile(*o.load) ? LoadPdnGameNumber(g, *o.load, LoadChosenFile, o.game.value_or(1))
+                                                 : LoadGame(g, *o.load, LoadChosenFile);
     if (!loaded.loaded) throw LoadFailed{loaded.message.empty() ? *o.load + ": not a readable game file" : loaded.message};
   }
   if (o.moves) {

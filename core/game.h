@@ -10,6 +10,7 @@
 #include "core/board.h"
 #include "core/generator_work.h"
 #include "core/options.h"
+#include "core/pdntags.h"
 #include "core/random.h"
 #include "core/rating_state.h"
 #include "core/rules.h"
@@ -243,6 +244,8 @@ struct Game {
   Options Settings;
   RatingState Rating;
   RandomSource Random;
+  // Event, site, date, players and result of the game as PDN names them.
+  PdnTags Tags;
 
   double Rnd() { return Random.Rnd(); }
   int NotationKind() const { return Settings.NotationKind; }

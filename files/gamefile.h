@@ -56,6 +56,9 @@ std::string SavedMoveText(const std::string& recordText);
 
 // The PDN branch of LoadGame and SaveGame, in the PDN reader and writer.
 LoadResult LoadPdnGame(Game& g, const std::filesystem::path& file, int source);
+// Game `number` (1 for the first) of a PDN file; 0 lets the source choose:
+// the first, or one at random for the openings under BookRandom.
+LoadResult LoadPdnGameNumber(Game& g, const std::filesystem::path& file, int source, int number);
 FileWriteResult SavePdnGame(Game& g, const std::filesystem::path& file);
 
 }  // namespace qv

@@ -115,6 +115,7 @@ void MainWindow::BuildMenus() {
   gameMenu->addSeparator();
   AddCommand(gameMenu, Command::Open, "Open...", QKeySequence(QKeySequence::Open));
   AddCommand(gameMenu, Command::Save, "Save...", QKeySequence(QKeySequence::Save));
+  AddDetailsCommand(gameMenu);
   gameMenu->addSeparator();
   AddCommand(gameMenu, Command::CreateDiagram, "Create Diagram...", QKeySequence(Qt::CTRL | Qt::Key_E));
   AddCommand(gameMenu, Command::Rating, "Rating", QKeySequence(Qt::CTRL | Qt::Key_R));

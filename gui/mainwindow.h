@@ -56,6 +56,8 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void StartEngineJob(const Game& g, EngineJob job) override;
   void StopEngineJob() override;
   bool ShowVariantsDialog() override;
+  bool ShowPdnChooser(PdnChooserForm& form) override;
+  void ShowDetailsDialog(PdnTags& tags) override;
   // "Show Ply Value Table": frmPV, searching the table of the position.
   void ShowPlyValueTable();
   PlyValueWindow* plyValueWindow() { return plyValue_; }
@@ -77,6 +79,7 @@ class MainWindow : public QMainWindow, public WindowLayer {
  private:
   void BuildMenus();
   void BuildHelpMenu();
+  void AddDetailsCommand(QMenu* gameMenu);  // Details...: the game's PDN tags
   void BuildPanels();
   QAction* AddCommand(QMenu* menu, Command c, const QString& text, const QKeySequence& keys, bool checkable = false);
   void Sync();

@@ -14,6 +14,7 @@
 #include "interaction/help_windows.h"
 #include "interaction/mouse_entry.h"
 #include "interaction/movelist.h"
+#include "interaction/pdn_commands.h"
 #include "interaction/optionsform.h"
 #include "interaction/skins.h"
 #include "interaction/navigation.h"
@@ -237,6 +238,7 @@ void StartUp(Session& s) {
   sc.ProductText = "Quorvanis 1.58";
   sc.StatusText = g.SideToMove == 1 ? "White moves" : "Black moves";
   RefreshBoard(s, 0);
+  ChooseOpeningIfAsked(s);
   sc.StrengthText = StrengthCaption(g.Settings);
   RemoveMenIfAsked(s);
   OpenStartGame(s);
@@ -267,6 +269,7 @@ void NewGameCommand(Session& s, int askRules) {
   g.Record.ActivitySaved[0] = g.TotalMaterialStart;
   RefreshMoveChoices(s);
   sc.List3.clear();
+  ChooseOpeningIfAsked(s);
   RefreshBoard(s, 0);
   if (askRules == 0) RemoveMenIfAsked(s);
   DoMovesIfAsked(s);

@@ -9,6 +9,7 @@
 #include "interaction/boardview.h"
 #include "interaction/commands.h"
 #include "interaction/movelist.h"
+#include "interaction/pdn_commands.h"
 
 namespace qv {
 
@@ -79,6 +80,11 @@ void OpenCommand(Session& s) {
   std::error_code ec;
   if (!fs::exists(file, ec)) {
     s.window.ShowMessage(file.filename().string() + " does not exist", "Quorvanis", BoxIcon::Exclamation);
+    return;
+  }
+  // A collection offers its games in the chooser first.
+  if (IsPdnFile(file)) {
+    LoadPdnCommand(s, file, LoadChosenFile);
     return;
   }
   LoadIntoWindow(s, file, LoadChosenFile);

@@ -13,6 +13,9 @@
 
 namespace qv {
 
+struct PdnChooserForm;
+struct PdnTags;
+
 enum class BoxIcon { None, Exclamation, Question, Warning, Information };
 
 // The set-up popup's items, in the order they are shown.
@@ -64,6 +67,10 @@ class WindowLayer {
   // The modal windows of the Help menu.
   virtual void ShowRulesWindow() {}
   virtual void ShowAboutWindow() {}
+  // dlgPDN, modal: true for OK, with the chosen row and "Open as:" in the form.
+  virtual bool ShowPdnChooser(PdnChooserForm& /*form*/) { return false; }
+  // dlgDetails, modal, on the tags of the game.
+  virtual void ShowDetailsDialog(PdnTags& /*tags*/) {}
   // Loads a skin's picture into the role's slot of the skin's picture set;
   // false when the file is missing or is not a picture.
   virtual bool LoadSkinPicture(ImageRole /*role*/, const std::filesystem::path& /*file*/) { return false; }

@@ -121,9 +121,13 @@ TEST(FileCommands, SaveAsksBeforeReplacingAndOpenShowsTheGame) {
   run.window.chosen = folder / "gone.qvn";
   OpenCommand(run.session);
   EXPECT_EQ(run.window.messages.back(), "Quorvanis: gone.qvn does not exist");
+  // A PDN file gathers games: the game is added to it without a question.
+  const std::size_t questions = run.window.messages.size();
   run.window.chosen = folder / "game.pdn";
   SaveCommand(run.session);
-  EXPECT_EQ(run.window.messages.back(), "Error: Portable Draughts Notation files are not supported yet");
+  SaveCommand(run.session);
+  EXPECT_EQ(run.window.messages.size(), questions);
+  EXPECT_NE(testing::ReadFileText(folder / "game.pdn").find("[Result"), std::string::npos);
   EXPECT_EQ(run.game->HalfMoveCount, 2);
 }
 
