@@ -8,6 +8,7 @@
 #include "gui/application.h"
 #include "gui/mainwindow.h"
 #include "gui/variantsdialog.h"
+#include "interaction/filecommands.h"
 
 int main(int argc, char** argv) {
   qv::gui::Application app(argc, argv);
@@ -26,6 +27,14 @@ int main(int argc, char** argv) {
     }
     qv::gui::MainWindow window(std::move(game));
     window.show();
+    // quorvanis FILE: a saved game or a PDN collection opened at start, as the
+    // desktop does on a double-click.
+    for (const QString& argument : app.arguments().mid(1))
+      if (!argument.startsWith("--")) {
+        qv::OpenGameFile(window.session(), std::filesystem::path(argument.toStdString()));
+        window.Changed(qv::Part::All);
+        break;
+      }
     return app.exec();
   } catch (const qv::FatalError& e) {
     qv::gui::ReportFatal(e.what());

@@ -76,7 +76,10 @@ void OpenCommand(Session& s) {
   if (s.screen.Busy == 1) return;
   if (s.game.GameInProgress != 0 && !s.window.AskYesNo("Quit current game?", "Confirmation")) return;
   const fs::path file = s.window.ChooseGameFile("Load Game", GameFileFilters(), false);
-  if (file.empty()) return;
+  if (!file.empty()) OpenGameFile(s, file);
+}
+
+void OpenGameFile(Session& s, const fs::path& file) {
   std::error_code ec;
   if (!fs::exists(file, ec)) {
     s.window.ShowMessage(file.filename().string() + " does not exist", "Quorvanis", BoxIcon::Exclamation);

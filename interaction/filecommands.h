@@ -19,6 +19,10 @@ std::string FileCaption(const std::string& bareName);
 // "Open": asks "Quit current game?" over a game in progress, then the Load
 // Game dialog, then loads the chosen file.
 void OpenCommand(Session& s);
+// A game file or PDN collection chosen by the user (the Load dialog, or the
+// program's command line): loaded into the window, a collection through its
+// chooser.
+void OpenGameFile(Session& s, const std::filesystem::path& file);
 // "Save": the Save Game dialog, " already exists, overwrite?" for a game file
 // that is there, then the file; a failed write is told in a box.
 void SaveCommand(Session& s);

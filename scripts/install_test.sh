@@ -50,6 +50,11 @@ if [ -x "$usr/bin/quorvanis" ]; then
   status=0
   QT_QPA_PLATFORM=offscreen timeout 5 "$usr/bin/quorvanis" >/dev/null 2>&1 || status=$?
   [ "$status" -eq 124 ] || fail "the installed window ended with status $status"
+  # and opens a saved game named on its command line, as a double-click does.
+  "$cli" play --depth 1 --max-moves 4 --save "$home/game.qvn" >/dev/null || fail "play --save"
+  status=0
+  QT_QPA_PLATFORM=offscreen timeout 5 "$usr/bin/quorvanis" "$home/game.qvn" >/dev/null 2>&1 || status=$?
+  [ "$status" -eq 124 ] || fail "the installed window with a game file ended with status $status"
   # It wrote nothing into the installed tree.
   [ "$before" = "$(find "$usr" | sort)" ] || fail "the window wrote into the installed tree"
 fi
