@@ -4,22 +4,13 @@
 #include <cstdio>
 #include <string>
 
+#include "cli_run.h"
+
 namespace {
 
-struct RunResult {
-  int status;
-  std::string output;
-};
+using RunResult = qv::testing::CliRun;
 
-RunResult RunCli(const std::string& arguments) {
-  const std::string command = std::string(QUORVANIS_CLI) + " " + arguments + " 2>&1";
-  FILE* pipe = popen(command.c_str(), "r");
-  std::string output;
-  std::array<char, 4096> buffer;
-  while (std::size_t n = fread(buffer.data(), 1, buffer.size(), pipe)) output.append(buffer.data(), n);
-  const int status = pclose(pipe);
-  return {WEXITSTATUS(status), output};
-}
+RunResult RunCli(const std::string& arguments) { return qv::testing::RunCliTool(arguments); }
 
 bool Has(const RunResult& r, const std::string& text) { return r.output.find(text) != std::string::npos; }
 
