@@ -15,13 +15,6 @@ namespace qv {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-void ReportWriteFailure(Session& s, const FileWriteResult& result) {
-  if (!result.ok) s.window.ShowMessage(result.error, "Error", BoxIcon::Exclamation);
-}
-
-// What the last game left on the screen goes before a load.
 void ClearGameScreen(Session& s) {
   Screen& sc = s.screen;
   sc.StatusText.clear();
@@ -31,6 +24,12 @@ void ClearGameScreen(Session& s) {
   sc.Text2.clear();
   sc.ProgressValue = 0;
   s.window.Changed(Part::All);
+}
+
+namespace {
+
+void ReportWriteFailure(Session& s, const FileWriteResult& result) {
+  if (!result.ok) s.window.ShowMessage(result.error, "Error", BoxIcon::Exclamation);
 }
 
 // The game as it stands after a load: the lists, the commands, the board.

@@ -18,6 +18,9 @@ std::string FileCaption(const std::string& bareName);
 
 // "Open": asks "Quit current game?" over a game in progress, then the Load
 // Game dialog, then loads the chosen file.
+// What the last game left on the screen goes before a load.
+void ClearGameScreen(Session& s);
+
 void OpenCommand(Session& s);
 // A game file or PDN collection chosen by the user (the Load dialog, or the
 // program's command line): loaded into the window, a collection through its

@@ -9,6 +9,7 @@
 #include "files/variantfile.h"
 #include "interaction/boardview.h"
 #include "interaction/commands.h"
+#include "interaction/filecommands.h"
 #include "interaction/movelist.h"
 #include "interaction/pdn_forms.h"
 
@@ -23,17 +24,6 @@ void ShowOpenFailure(Session& s, const PdnOpenResult& open) {
     case PdnOpenStatus::Missing: s.window.ShowMessage(open.Message, "Error", BoxIcon::Warning); break;
     default: s.window.ShowMessage(open.Message, "Error", BoxIcon::Warning); break;
   }
-}
-
-// What the last game left on screen goes before a load.
-void ClearLastGame(Session& s) {
-  Screen& sc = s.screen;
-  sc.StatusText.clear();
-  sc.List3.clear();
-  sc.Label9 = "no calculation";
-  sc.Text1.clear();
-  sc.ProgressValue = 0;
-  s.window.Changed(Part::All);
 }
 
 // The game number the user or chance chooses; 0 when the chooser was cancelled.
@@ -92,7 +82,7 @@ void LoadPdnCommand(Session& s, const std::filesystem::path& chosen, int source)
     std::error_code error;
     if (!std::filesystem::is_regular_file(file, error)) return;
   }
-  ClearLastGame(s);
+  ClearGameScreen(s);
   const PdnOpenResult open = OpenPdnFile(file, PdnTempFolder());
   if (open.Status != PdnOpenStatus::Read) {
     ShowOpenFailure(s, open);
