@@ -11,6 +11,7 @@
 #include "core/generator_work.h"
 #include "core/options.h"
 #include "core/pdntags.h"
+#include "core/position_key.h"
 #include "core/random.h"
 #include "core/rating_state.h"
 #include "core/rules.h"
@@ -85,7 +86,7 @@ struct GameRecordArrays {
   Table<int, RecordSize> ActivitySaved;
   Table<int, RecordSize> LegalCountHistory;
   Table<int, RecordSize> EvalHistory;
-  Table<std::string, RecordSize> PositionHistory;
+  Table<PositionKeyWords, RecordSize> PositionHistory;
   Table<std::string, RecordSize> CommentTable;
 };
 

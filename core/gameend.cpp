@@ -28,7 +28,7 @@ int KingsOnlyLimit(int moves) {
 void UpdateDrawReason(Game& g) {
   if (g.DrawReason == 4) return;  // three kings against one, once reached, stands
   g.DrawReason = 0;
-  const std::string key = PositionKey(g);
+  const PositionKeyWords key = PositionKeyOf(g.Board);
   int white = 0, black = 0;
   bool man = false;
   for (int cell = 21; cell <= 98; ++cell) {

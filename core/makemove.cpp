@@ -200,21 +200,10 @@ void UpdateManThresholds(Game& g) {
   g.ManThresholdBlack = threshold(g.BlackMen);
 }
 
-std::string PositionKey(const Game& g) {
-  std::string key;
-  key.reserve(3 * 32);
-  for (int cell = 21; cell <= 98; ++cell) {
-    const int v = g.Board[cell];
-    if (v == 0 || v < MarkedBelow || v == OffBoard) continue;
-    key += static_cast<char>('0' + cell / 10);
-    key += static_cast<char>('0' + cell % 10);
-    key += static_cast<char>('0' + (v > 0 ? v : 2 - v));
-  }
-  return key;
-}
+std::string PositionKey(const Game& g) { return PositionKeyOf(g.Board).Text(); }
 
 void CountRepetitions(Game& g, int upto) {
-  const std::string key = PositionKey(g);
+  const PositionKeyWords key = PositionKeyOf(g.Board);
   g.LineDrawn = 0;
   for (int i = 0; i <= upto; ++i)
     if (g.Record.PositionHistory[i] == key) ++g.LineDrawn;

@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <string_view>
 
 #include "core/searchgen.h"
 #include "core/text.h"
@@ -201,8 +200,6 @@ int Evaluate(Game& g, int alpha, int beta, int side) {
 
   const int ww = n.whiteMen > g.ManThresholdWhite ? 2 : 1;
   const int wb = n.blackMen > g.ManThresholdBlack ? 2 : 1;
-  char key[3 * 64 + 1];
-  int keyLength = 0;
   int firstRowWhite = 0, firstRowBlack = 0;
   double p = 0;
 
@@ -216,9 +213,6 @@ int Evaluate(Game& g, int alpha, int beta, int side) {
         continue;
       }
       if (v == OffBoard || v < MarkedBelow) continue;
-      key[keyLength++] = static_cast<char>('0' + s / 10);
-      key[keyLength++] = static_cast<char>('0' + s % 10);
-      key[keyLength++] = static_cast<char>('0' + (v > 0 ? v : 2 - v));
       const int sg = Sign(v), c = v > 0 ? 0 : 1;
       const bool king = std::abs(v) == 2;
       const int strong = v > 0 ? n.blackStrong : n.whiteStrong;
@@ -234,10 +228,10 @@ int Evaluate(Game& g, int alpha, int beta, int side) {
     }
 
   // Repetition: any earlier position with the same pieces is a draw.
-  const std::string_view positionKey(key, static_cast<std::size_t>(keyLength));
+  const PositionKeyWords positionKey = PositionKeyOf(g.Board);
   for (int i = g.HalfMoveCount - 2; i >= 0; --i)
     if (g.Record.PositionHistory[i] == positionKey) return 0;
-  if (g.HalfMoveCount != 0) g.Record.PositionHistory[g.HalfMoveCount - 1].assign(positionKey);
+  if (g.HalfMoveCount != 0) g.Record.PositionHistory[g.HalfMoveCount - 1] = positionKey;
 
   if (g.BackRankActive == 1) {
     if (n.whiteMen > g.ManThresholdWhite) p += BackRank(g, 0);

@@ -9,7 +9,6 @@
 #endif
 #include <cmath>
 #include <cstdlib>
-#include <string_view>
 
 #include "core/text.h"
 #include "engine/evaluate.h"
@@ -156,9 +155,6 @@ struct Census {
   // The pieces the terms walk over, by colour, each list a1 to h8 row by row.
   int whiteListed = 0, blackListed = 0;
   Piece white[64], black[64];
-  // The position's key: three digits a piece, its cell and its code, a1 to h8.
-  int keyLength = 0;
-  char key[3 * 64 + 1];
 };
 
 // The occupied squares of a row as the bits 1 to 8 of a mask, bit c for
@@ -207,9 +203,6 @@ void TakeCensus(const int* board, Census& census) {
       if (v < MarkedBelow) continue;
       if (v > 0) census.white[census.whiteListed++] = {s, v};
       else census.black[census.blackListed++] = {s, v};
-      census.key[census.keyLength++] = static_cast<char>('0' + row);
-      census.key[census.keyLength++] = static_cast<char>('0' + column);
-      census.key[census.keyLength++] = static_cast<char>('0' + (v > 0 ? v : 2 - v));
     }
   }
 }
@@ -356,10 +349,10 @@ int EvaluateFast(Game& g, int alpha, int beta, int side) {
   int p = PieceTerms(g, tables, census);
 
   // Repetition: any earlier position with the same pieces is a draw.
-  const std::string_view positionKey(census.key, static_cast<std::size_t>(census.keyLength));
+  const PositionKeyWords positionKey = PositionKeyOf(g.Board);
   for (int i = g.HalfMoveCount - 2; i >= 0; --i)
     if (g.Record.PositionHistory[i] == positionKey) return 0;
-  if (g.HalfMoveCount != 0) g.Record.PositionHistory[g.HalfMoveCount - 1].assign(positionKey);
+  if (g.HalfMoveCount != 0) g.Record.PositionHistory[g.HalfMoveCount - 1] = positionKey;
 
   for (int c = 0; c < 2; ++c) {
     if ((c == 0 ? census.whiteMen : census.blackMen) <= (c == 0 ? g.ManThresholdWhite : g.ManThresholdBlack)) continue;

@@ -26,7 +26,7 @@ struct GameFace {
     for (int i = g.PlyBase[g.Ply]; i < g.PlyBase[g.Ply + 1]; ++i) legal.push_back(MoveLabel(g, g.MoveStack[i]));
     for (int h = 0; h <= g.GameLength + 1; ++h)
       recordMoves.push_back(std::to_string(g.Record.GameMoves[h].FromSquare) + "-" +
-                            std::to_string(g.Record.GameMoves[h].ToSquare) + " " + g.Record.PositionHistory[h]);
+                            std::to_string(g.Record.GameMoves[h].ToSquare) + " " + g.Record.PositionHistory[h].Text());
     for (int p = 0; p <= g.GameLength / 2 + 1; ++p)
       for (const std::string& text : g.MoveTextTable[p]) moveTexts.push_back(text);
   }

@@ -176,7 +176,7 @@ TEST(Evaluate, SeesGoalsRepetitionsAndCounts) {
   testing::ApplyRules(*g, RuleRecord{});
   testing::SetPosition(*g, {{"C3", WhiteMan}, {"F6", BlackMan}}, 1);
   g->HalfMoveCount = 3;
-  g->Record.PositionHistory[0] = PositionKey(*g);
+  g->Record.PositionHistory[0] = PositionKeyOf(g->Board);
   EXPECT_EQ(Evaluate(*g, -32000, 32000, 1), 0);
 }
 

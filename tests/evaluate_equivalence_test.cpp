@@ -35,7 +35,8 @@ void Scramble(Game& g, std::mt19937& rnd) {
   g.Ply = percent(rnd) % 6;
   g.HalfMoveCount = percent(rnd) % 12;
   for (int i = 0; i < g.HalfMoveCount; ++i)
-    g.Record.PositionHistory[i] = percent(rnd) < 15 ? PositionKey(g) : std::to_string(percent(rnd));
+    g.Record.PositionHistory[i] =
+        percent(rnd) < 15 ? PositionKeyOf(g.Board) : PositionKeyWords{static_cast<Mask>(percent(rnd)), 0, 0, 0};
   g.MaterialByPly[g.Ply] = (percent(rnd) - 50) * 8;
   g.ActivityByPly[g.Ply] = percent(rnd) % 2;
   g.LineDrawn = percent(rnd) < 5 ? 1 : 0;
@@ -50,7 +51,7 @@ void Scramble(Game& g, std::mt19937& rnd) {
 // What an evaluation leaves behind besides its score.
 struct Outcome {
   int score, ruleLossPending, noMoveDraw;
-  std::string stored;
+  PositionKeyWords stored;
   double nextRandom;
   bool operator==(const Outcome&) const = default;
 };
@@ -58,9 +59,9 @@ struct Outcome {
 Outcome Run(Game& g, EvalFn evaluate, int alpha, int beta) {
   const RandomSource random = g.Random;
   const int h = g.HalfMoveCount;
-  const std::string before = h > 0 ? g.Record.PositionHistory[h - 1] : "";
+  const PositionKeyWords before = h > 0 ? g.Record.PositionHistory[h - 1] : PositionKeyWords{};
   g.RuleLossPending = g.NoMoveDraw = 0;
-  Outcome o{evaluate(g, alpha, beta, g.SideToMove), g.RuleLossPending, g.NoMoveDraw, "", 0};
+  Outcome o{evaluate(g, alpha, beta, g.SideToMove), g.RuleLossPending, g.NoMoveDraw, {}, 0};
   if (h > 0) o.stored = g.Record.PositionHistory[h - 1];
   o.nextRandom = g.Rnd();
   g.Random = random;

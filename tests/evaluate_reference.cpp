@@ -241,8 +241,8 @@ int EvaluateAs(Game& g, int alpha, int beta, int side) {
   // Repetition: any earlier position with the same pieces is a draw.
   const std::string_view positionKey(key, static_cast<std::size_t>(keyLength));
   for (int i = g.HalfMoveCount - 2; i >= 0; --i)
-    if (g.Record.PositionHistory[i] == positionKey) return 0;
-  if (g.HalfMoveCount != 0) g.Record.PositionHistory[g.HalfMoveCount - 1].assign(positionKey);
+    if (g.Record.PositionHistory[i].Text() == positionKey) return 0;
+  if (g.HalfMoveCount != 0) g.Record.PositionHistory[g.HalfMoveCount - 1] = PositionKeyOf(g.Board);
 
   if (!general || g.BackRankActive == 1) {
     if (whiteMen > g.ManThresholdWhite) p += BackRank<K>(g, 0);

@@ -214,8 +214,16 @@ TEST(PositionKey, RepetitionsAndMoveLimit) {
   auto g = testing::NewTestGame();
   testing::SetPosition(*g, {{"A1", WhiteKing}, {"H8", BlackKing}}, 1);
   EXPECT_EQ(PositionKey(*g), "212984");
-  g->Record.PositionHistory[0] = "212984";
-  g->Record.PositionHistory[3] = "212984";
+  g->Record.PositionHistory[0] = PositionKeyOf(g->Board);
+  g->Record.PositionHistory[3] = PositionKeyOf(g->Board);
+  // Marks of a capture being traced are not part of the key; a key differs by any piece.
+  EXPECT_EQ(g->Record.PositionHistory[0].Text(), "212984");
+  g->Board[32] = WhiteMan - 10;
+  EXPECT_EQ(PositionKeyOf(g->Board), g->Record.PositionHistory[0]);
+  g->Board[32] = BlackMan;
+  EXPECT_EQ(PositionKey(*g), "212323984");
+  EXPECT_NE(PositionKeyOf(g->Board), g->Record.PositionHistory[0]);
+  g->Board[32] = 0;
   CountRepetitions(*g, 3);
   EXPECT_EQ(g->LineDrawn, 2);
   EXPECT_EQ(g->BareKings, 1);
