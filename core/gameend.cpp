@@ -8,6 +8,7 @@
 #include "core/text.h"
 #include "engine/driver_ui.h"
 #include "engine/evaluate.h"
+#include "engine/score.h"
 
 namespace qv {
 
@@ -143,13 +144,13 @@ void CheckGameEnd(Game& g, DriverUi& ui, int silent) {
   if (g.GameOver == 1) return;
   CommitRootPly(g);
   const int mover = g.RuleSet.AntiMode == 1 ? g.SideToMove : -g.SideToMove;
-  const int score = Evaluate(g, -32000, 32000, mover);
+  const int score = Evaluate(g, -WinScore, WinScore, mover);
   GenerateMoves(g, 0);
   const int captures = g.PlyBase[1];
   GenerateMoves(g, 1);
   const bool noMove = g.PlyBase[1] == 0 && captures == 0;
   const int reason = g.DrawReason;
-  const bool over = noMove || score == 32000 || (g.Settings.ChessDrawRules == 1 && (reason == 1 || reason == 2)) ||
+  const bool over = noMove || score == WinScore || (g.Settings.ChessDrawRules == 1 && (reason == 1 || reason == 2)) ||
                     (g.Settings.KingVersusKing == 1 && reason == 3 && captures == 0) ||
                     (g.RuleSet.ThreeKings == 1 && reason == 4) || (g.RuleSet.TwoKings == 1 && reason == 5);
   if (!over) return;

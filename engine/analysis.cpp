@@ -10,6 +10,7 @@
 #include "engine/evaluate.h"
 #include "engine/timetext.h"
 #include "files/book.h"
+#include "engine/score.h"
 
 namespace qv {
 
@@ -60,8 +61,8 @@ void Analyse(Game& g, DriverUi& ui, AnalysisResult& r) {
   ui.SetStatus("Analyzing...");
 
   CommitRootPly(g);
-  int score = Evaluate(g, -32000, 32000, g.SideToMove);
-  const bool ownLoss = g.RuleLossPending == 1 || score == 32000;
+  int score = Evaluate(g, -WinScore, WinScore, g.SideToMove);
+  const bool ownLoss = g.RuleLossPending == 1 || score == WinScore;
   if (ownLoss) {
     ui.GameEnded(1.0);
     DeclareWinner(g, ui, o.PlayerName + " wins!");
@@ -118,15 +119,15 @@ void Analyse(Game& g, DriverUi& ui, AnalysisResult& r) {
 
   // No move is made: the position is judged as it stands, from the other side.
   const int bestScore = thought.bestScore;
-  if (bestScore >= -32000) {
-    score = Evaluate(g, -32000, 32000, -g.SideToMove);
-    if (bestScore >= 31980 && score < 31981) {
-      ui.SetStatus("Computer is winning in" + MovesText((32000 - bestScore + 1) / 2));
-    } else if (bestScore >= 31980) {
+  if (bestScore >= -WinScore) {
+    score = Evaluate(g, -WinScore, WinScore, -g.SideToMove);
+    if (bestScore >= NearWinScore && score <= NearWinScore) {
+      ui.SetStatus("Computer is winning in" + MovesText((WinScore - bestScore + 1) / 2));
+    } else if (bestScore >= NearWinScore) {
       ui.GameEnded(0.0);
       DeclareWinner(g, ui, "Computer wins!");
-    } else if (bestScore < -31979) {
-      ui.SetStatus("Computer is losing in" + MovesText((bestScore + 32000 + (g.RuleSet.AntiMode == 1 ? 1 : 0)) / 2));
+    } else if (bestScore <= -NearWinScore) {
+      ui.SetStatus("Computer is losing in" + MovesText((bestScore + WinScore + (g.RuleSet.AntiMode == 1 ? 1 : 0)) / 2));
     }
   } else if (ownLoss && bestScore < 0) {
     ui.GameEnded(1.0);

@@ -7,6 +7,7 @@
 #include "core/game.h"
 #include "engine/driver_ui.h"
 #include "engine/root_moves.h"
+#include "engine/score.h"
 
 namespace qv {
 
@@ -22,7 +23,7 @@ struct AnalysisResult {
   bool searched = false;           // the root moves were searched
   std::vector<RootScore> rootScores;  // RootInfo, highest score first
   std::string bestMove;            // display text of the best move
-  int bestScore = -32001;          // BestScore
+  int bestScore = NoScoreYet;      // BestScore
   std::string mainLine;            // BestLine
   int depth = 0;                   // the last iteration completed or started
   bool cancelled = false;          // Cancel ended it: the best so far is shown

@@ -7,6 +7,7 @@
 #include "core/text.h"
 #include "engine/search.h"
 #include "engine/timetext.h"
+#include "engine/score.h"
 
 namespace qv {
 
@@ -45,7 +46,7 @@ struct Deepening {
     if (!setup.shortLineResearch || PVLength(g) >= 3 || d < 3) return score;
     ui.SetStatus("Thinking... (" + std::to_string(d) + "/" + std::to_string(d + 1) + ")  " + move);
     const bool fullWindow = member == SearchMember::Fast1 || member == SearchMember::Anti;
-    const int a = fullWindow ? -32000 : alpha, b = fullWindow ? 32000 : beta;
+    const int a = fullWindow ? -WinScore : alpha, b = fullWindow ? WinScore : beta;
     keptScore = score;
     score = -SearchNode(g, member, -b, -a, d);
     researched = true;
@@ -67,7 +68,7 @@ DeepeningResult DeepenRootMoves(Game& g, DriverUi& ui, const DeepeningSetup& set
   const std::string word = setup.statusWord;
 
   Deepening turn{g, ui, setup, SearchMemberFor(g), g.HalfMoveCount, false};
-  int alpha = -32000, beta = 32000, score = 0, bestScore = -32001, prevIterationBest = -32001;
+  int alpha = -WinScore, beta = WinScore, score = 0, bestScore = NoScoreYet, prevIterationBest = NoScoreYet;
   int progress = 0;
   double elapsed = 0;
   std::string bestLine, bestMove, head, shortLine;
@@ -82,8 +83,8 @@ DeepeningResult DeepenRootMoves(Game& g, DriverUi& ui, const DeepeningSetup& set
     if (depthMode == 1) turn.lazyRaiseArmed = turn.lazyRaiseArmed || d == 1;
     else turn.lazyRaiseArmed = d > 2;
     if (d == 1) {
-      alpha = -32000;
-      beta = 32000;
+      alpha = -WinScore;
+      beta = WinScore;
     } else {
       beta = alpha + 100;
       alpha = alpha - 100;
@@ -98,18 +99,18 @@ DeepeningResult DeepenRootMoves(Game& g, DriverUi& ui, const DeepeningSetup& set
       score = turn.Dispatch(alpha, beta, d);
       if (i == 0) score = turn.ShortLineResearch(score, alpha, beta, d, researched, move);
       UndoRootMove(g);
-      if (g.SearchCancelled == 1 && std::abs(alpha) < 30001) break;
+      if (g.SearchCancelled == 1 && std::abs(alpha) < DecidedScore) break;
       bool newBest = false;
       if (i > 0) {
         if (score > alpha) {
           const int old = alpha;
           alpha = score;
-          beta = 32000;
+          beta = WinScore;
           turn.MakeRoot(roots, i);
           score = turn.Dispatch(alpha, beta, d);
           if (score > old) score = turn.ShortLineResearch(score, alpha, beta, d, researched, move);
           UndoRootMove(g);
-          if (g.SearchCancelled == 1 && std::abs(alpha) < 30001) break;
+          if (g.SearchCancelled == 1 && std::abs(alpha) < DecidedScore) break;
           if (score > old) {
             alpha = score;
             beta = score + 1;
@@ -121,17 +122,17 @@ DeepeningResult DeepenRootMoves(Game& g, DriverUi& ui, const DeepeningSetup& set
       } else {
         if (score < alpha || score >= beta) {
           if (score < alpha) {
-            alpha = -32000;
+            alpha = -WinScore;
             beta = score;
           } else {
             alpha = score;
-            beta = 32000;
+            beta = WinScore;
           }
           turn.MakeRoot(roots, 0);
           score = turn.Dispatch(alpha, beta, d);
           score = turn.ShortLineResearch(score, alpha, beta, d, researched, move);
           UndoRootMove(g);
-          if (g.SearchCancelled == 1 && std::abs(alpha) < 30001) break;
+          if (g.SearchCancelled == 1 && std::abs(alpha) < DecidedScore) break;
         }
         alpha = score;
         beta = score + 1;

@@ -8,6 +8,7 @@
 #include "core/game.h"
 #include "engine/driver_ui.h"
 #include "engine/root_moves.h"
+#include "engine/score.h"
 
 namespace qv {
 
@@ -30,7 +31,7 @@ double SearchClock();
 struct DeepeningResult {
   std::vector<MoveRecord> roots;     // the root moves, best first
   std::vector<RootScore> rootInfo;   // RootInfo, in the root order, not yet sorted
-  int bestScore = -32001;            // BestScore; below -32000 when no root move finished
+  int bestScore = NoScoreYet;        // BestScore; NoScoreYet when no root move finished
   std::string bestMove;              // display text of the best move
   std::string bestLine;              // BestLine
   std::string head;                  // "Depth: 4   Best: c3-d4   Score: 12"

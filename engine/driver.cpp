@@ -12,6 +12,7 @@
 #include "engine/search.h"
 #include "engine/timetext.h"
 #include "files/book.h"
+#include "engine/score.h"
 
 namespace qv {
 
@@ -44,7 +45,7 @@ bool WantsDraw(Game& g, int bestScore) {
   if (!KingsOnlyLevel(g) && g.StableCount < 2) return false;
   if (g.Settings.PlayMode == 2) return false;
   if (!(g.Rnd() < 0.1 || g.StableCount > 1)) return false;
-  return g.WinAnnounced == 0 && bestScore < 30000 && g.MaterialByPly[g.Ply] == 0;
+  return g.WinAnnounced == 0 && bestScore < WinningScore && g.MaterialByPly[g.Ply] == 0;
 }
 
 // "Computer is winning in 3 moves! ".
@@ -116,8 +117,8 @@ class Turn {
     ui_.SetThinking(true);
 
     CommitRootPly(g_);
-    const int score = Evaluate(g_, -32000, 32000, g_.SideToMove);
-    const bool ownLoss = g_.RuleLossPending == 1 || score == 32000;
+    const int score = Evaluate(g_, -WinScore, WinScore, g_.SideToMove);
+    const bool ownLoss = g_.RuleLossPending == 1 || score == WinScore;
     if (g_.NoMoveDraw == 1) return TurnDecision::Ending::NoMoveDraw;
     if (ownLoss) return TurnDecision::Ending::OwnLoss;
     return TurnDecision::Ending::None;
@@ -262,20 +263,20 @@ class Turn {
     g_.PlyBase[1] = 1;
     MakeSearchMove(g_, 0);
     g_.LastMoveIndex = 0;
-    const int score = Evaluate(g_, -32000, 32000, -g_.SideToMove);
+    const int score = Evaluate(g_, -WinScore, WinScore, -g_.SideToMove);
     bool computerWins = false, blockedDraw = false;
     if (g_.NoMoveDraw == 1) {
       g_.NoMoveDraw = 0;
       blockedDraw = true;
-    } else if (bestScore_ < -31979) {
-      const int n = (bestScore_ + 32000 + (g_.RuleSet.AntiMode == 1 ? 1 : 0)) / 2;
+    } else if (bestScore_ <= -NearWinScore) {
+      const int n = (bestScore_ + WinScore + (g_.RuleSet.AntiMode == 1 ? 1 : 0)) / 2;
       ui_.SetStatus(CountdownText("Computer is losing in", n));
       g_.WinAnnounced = 1;
-    } else if (bestScore_ >= 31980 && score < 31981) {
-      const int n = (32000 - bestScore_ + 1) / 2;
+    } else if (bestScore_ >= NearWinScore && score <= NearWinScore) {
+      const int n = (WinScore - bestScore_ + 1) / 2;
       ui_.SetStatus(CountdownText("Computer is winning in", n));
       g_.WinAnnounced = 1;
-    } else if (bestScore_ >= 31980) {
+    } else if (bestScore_ >= NearWinScore) {
       computerWins = true;
     }
     g_.ScoreHistory[g_.HalfMoveCount] = bestScore_;
@@ -364,7 +365,7 @@ class Turn {
   double clockStart_ = 0;
   std::vector<RootScore> rootInfo_;
   std::vector<MoveRecord> roots_;  // best first once the thinking is over
-  int bestScore_ = -32001;
+  int bestScore_ = NoScoreYet;
   std::string bestLine_, head_;
 };
 

@@ -4,12 +4,13 @@
 #include <vector>
 
 #include "core/game.h"
+#include "engine/score.h"
 
 namespace qv {
 
 struct QuickPass {
-  int alpha = -32000;  // the window; on return Alpha holds the pass's best score
-  int beta = 32000;
+  int alpha = -WinScore;  // the window; on return Alpha holds the pass's best score
+  int beta = WinScore;
   int quickDepth = 1;  // the depth QuickScoreAt searches each root move to
   int searchRootCount = 0;  // HalfMoveCount at the root
   // The ply value table leaves a pass when Cancel has come and no decided
@@ -18,7 +19,7 @@ struct QuickPass {
 };
 
 // Scores every root move in order; a better one is searched once more against
-// (Alpha, 32000) and, still better, becomes the new best: its main line is
+// (Alpha, WinScore) and, still better, becomes the new best: its main line is
 // noted (UpdatePV), it goes to the front of `roots`, and newBest(score) runs.
 // Returns false when Cancel ended the pass.
 template <class NewBest>
@@ -34,7 +35,7 @@ void NoteRootLine(Game& g, const std::vector<MoveRecord>& roots, int i);
 
 template <class NewBest>
 bool RunQuickPass(Game& g, std::vector<MoveRecord>& roots, QuickPass& pass, NewBest newBest) {
-  const auto cancelled = [&] { return pass.stopOnCancel && g.SearchCancelled == 1 && std::abs(pass.alpha) < 30001; };
+  const auto cancelled = [&] { return pass.stopOnCancel && g.SearchCancelled == 1 && std::abs(pass.alpha) < DecidedScore; };
   for (int i = 0; i < static_cast<int>(roots.size()); ++i) {
     g.PVTable[g.Ply][g.Ply].From = 0;
     int score = QuickRootScore(g, roots, i, pass);
@@ -43,7 +44,7 @@ bool RunQuickPass(Game& g, std::vector<MoveRecord>& roots, QuickPass& pass, NewB
       if (score <= pass.alpha) continue;
       const int old = pass.alpha;
       pass.alpha = score;
-      pass.beta = 32000;
+      pass.beta = WinScore;
       score = QuickRootScore(g, roots, i, pass);
       if (cancelled()) return false;
       if (score <= old) continue;

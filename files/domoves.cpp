@@ -7,6 +7,7 @@
 #include "core/text.h"
 #include "engine/evaluate.h"
 #include "files/paths.h"
+#include "engine/score.h"
 
 namespace qv {
 
@@ -36,9 +37,9 @@ LoadResult DoOpeningMoves(Game& g, const std::filesystem::path& folder) {
         ToUpper(SquareNotation(move.FromSquare, 0, notation) + SquareNotation(move.ToSquare, 0, notation));
     if (PlayRecordedMove(*trial, moveText) != ReplayStatus::Played) break;
     const int side = trial->RuleSet.AntiMode == 1 ? -trial->SideToMove : trial->SideToMove;
-    const int score = Evaluate(*trial, -32000, 32000, side);
+    const int score = Evaluate(*trial, -WinScore, WinScore, side);
     GenerateLegalMoves(*trial);
-    if (trial->PlyBase[1] == trial->PlyBase[0] || score == 32000) break;
+    if (trial->PlyBase[1] == trial->PlyBase[0] || score == WinScore) break;
     if (trial->GameOver == 1 || DrawRuleEnds(*trial)) break;
     text += moveText + "\r\n";
   }
