@@ -52,29 +52,28 @@ void DeclareWinner(Game& g, DriverUi& ui, const std::string& text) {
   ui.ShowMessage("Congratulations", text);
 }
 
-void Analyse(Game& g, DriverUi& ui, AnalysisResult& r) {
+// The side to move has already lost, by the rules or for want of a move:
+// the game ends without a search.
+bool LostBeforeSearch(Game& g, DriverUi& ui, const std::vector<MoveRecord>& roots, bool ownLoss) {
   const Options& o = g.Settings;
-  const long start = static_cast<long>(std::floor(SearchClock()));
-  UpdateManThresholds(g);
-  g.NoiseRange = NoiseRangeFor(o.StrengthHandicap);
-  g.SearchCancelled = 0;
-  ui.SetStatus("Analyzing...");
-
-  CommitRootPly(g);
-  int score = Evaluate(g, -WinScore, WinScore, g.SideToMove);
-  const bool ownLoss = g.RuleLossPending == 1 || score == WinScore;
   if (ownLoss) {
     ui.GameEnded(1.0);
     DeclareWinner(g, ui, o.PlayerName + " wins!");
-    return;
+    return true;
   }
-  std::vector<MoveRecord> roots = GenerateRootMoves(g);
   if (roots.empty()) {
     if (g.RuleSet.AntiMode != 1) ui.GameEnded(1.0);
     DeclareWinner(g, ui, g.RuleSet.AntiMode == 1 ? "Computer wins!" : o.PlayerName + " wins!");
-    return;
+    return true;
   }
+  return false;
+}
 
+// Depth or time as the options say, without the short-line re-search. The
+// book, as for the computer's turn: a known move is the only root move,
+// searched to depth 1; a move that is not legal is forgotten.
+DeepeningSetup AnalysisSetup(Game& g, DriverUi& ui, std::vector<MoveRecord>& roots) {
+  const Options& o = g.Settings;
   DeepeningSetup setup;
   setup.depthMode = o.DepthMode;
   setup.depthLimit = o.DepthMode == 1 ? std::max(1, o.DepthLimit) : 20;
@@ -82,8 +81,6 @@ void Analyse(Game& g, DriverUi& ui, AnalysisResult& r) {
   setup.shortLineResearch = false;
   setup.statusWord = "Analyzing...";
   if (roots.size() == 1) setup.depthLimit = 1;
-  // The book, as for the computer's turn: a known move is the only root
-  // move, searched to depth 1; a move that is not legal is forgotten.
   if (o.OpeningBook == 1) {
     const BookAnswer book = BookLookup(g, 1, g.Random);
     if (!book.MessageText.empty()) ui.ShowMessage(book.MessageCaption, book.MessageText);
@@ -91,17 +88,19 @@ void Analyse(Game& g, DriverUi& ui, AnalysisResult& r) {
     g.BookMoveTo = book.BookMoveTo;
     setup.bookMove = NarrowToBookMove(g, roots, setup.depthLimit);
   }
-  setup.clockStart = SearchClock();
-  ui.SetProgress(0, setup.depthMode == 1 ? static_cast<int>(roots.size()) * setup.depthLimit : setup.timeLimit);
+  return setup;
+}
 
-  DeepeningResult thought = DeepenRootMoves(g, ui, setup, std::move(roots));
+// What the search found goes into the result; a clock stop is no cancel.
+void KeepThought(Game& g, DriverUi& ui, const DeepeningSetup& setup, DeepeningResult& thought, long start,
+                 AnalysisResult& r) {
   r.searched = true;
   r.bookMove = setup.bookMove;
   r.depth = thought.depth;
   r.bestScore = thought.bestScore;
   r.bestMove = thought.bestMove;
   r.mainLine = thought.bestLine;
-  if (o.ShowCalculation == 1)
+  if (g.Settings.ShowCalculation == 1)
     ui.SetCalculation(thought.head + "   Time: " + TimeString(static_cast<long>(std::floor(SearchClock())) - start) +
                       "\r\nMain: " + thought.bestLine);
   if (g.StopRequest == 2) {
@@ -116,23 +115,42 @@ void Analyse(Game& g, DriverUi& ui, AnalysisResult& r) {
   SortRootScores(thought.rootInfo);
   r.rootScores = std::move(thought.rootInfo);
   ui.SetStatus("");
+}
 
-  // No move is made: the position is judged as it stands, from the other side.
-  const int bestScore = thought.bestScore;
-  if (bestScore >= -WinScore) {
-    score = Evaluate(g, -WinScore, WinScore, -g.SideToMove);
-    if (bestScore >= NearWinScore && score <= NearWinScore) {
-      ui.SetStatus("Computer is winning in" + MovesText((WinScore - bestScore + 1) / 2));
-    } else if (bestScore >= NearWinScore) {
-      ui.GameEnded(0.0);
-      DeclareWinner(g, ui, "Computer wins!");
-    } else if (bestScore <= -NearWinScore) {
-      ui.SetStatus("Computer is losing in" + MovesText((bestScore + WinScore + (g.RuleSet.AntiMode == 1 ? 1 : 0)) / 2));
-    }
-  } else if (ownLoss && bestScore < 0) {
-    ui.GameEnded(1.0);
-    DeclareWinner(g, ui, o.PlayerName + " wins!");
+// No move is made: the position is judged as it stands, from the other
+// side, and a near win or loss is announced.
+void AnnounceOutcome(Game& g, DriverUi& ui, int bestScore) {
+  if (bestScore < -WinScore) return;
+  const int score = Evaluate(g, -WinScore, WinScore, -g.SideToMove);
+  if (bestScore >= NearWinScore && score <= NearWinScore) {
+    ui.SetStatus("Computer is winning in" + MovesText((WinScore - bestScore + 1) / 2));
+  } else if (bestScore >= NearWinScore) {
+    ui.GameEnded(0.0);
+    DeclareWinner(g, ui, "Computer wins!");
+  } else if (bestScore <= -NearWinScore) {
+    ui.SetStatus("Computer is losing in" + MovesText((bestScore + WinScore + (g.RuleSet.AntiMode == 1 ? 1 : 0)) / 2));
   }
+}
+
+void Analyse(Game& g, DriverUi& ui, AnalysisResult& r) {
+  const long start = static_cast<long>(std::floor(SearchClock()));
+  UpdateManThresholds(g);
+  g.NoiseRange = NoiseRangeFor(g.Settings.StrengthHandicap);
+  g.SearchCancelled = 0;
+  ui.SetStatus("Analyzing...");
+
+  CommitRootPly(g);
+  const int score = Evaluate(g, -WinScore, WinScore, g.SideToMove);
+  const bool ownLoss = g.RuleLossPending == 1 || score == WinScore;
+  std::vector<MoveRecord> roots = ownLoss ? std::vector<MoveRecord>{} : GenerateRootMoves(g);
+  if (LostBeforeSearch(g, ui, roots, ownLoss)) return;
+
+  DeepeningSetup setup = AnalysisSetup(g, ui, roots);
+  setup.clockStart = SearchClock();
+  ui.SetProgress(0, setup.depthMode == 1 ? static_cast<int>(roots.size()) * setup.depthLimit : setup.timeLimit);
+  DeepeningResult thought = DeepenRootMoves(g, ui, setup, std::move(roots));
+  KeepThought(g, ui, setup, thought, start, r);
+  AnnounceOutcome(g, ui, thought.bestScore);
   // The draw rules and whether the side to move can still move.
   if (g.GameOver == 0) CheckGameEnd(g, ui, 0);
 }
