@@ -31,46 +31,52 @@ void CutStoredTail(Session& s, int n) {
   g.GameLength = n;
 }
 
-}  // namespace
-
-void RecordHumanMove(Session& s, std::string_view moveText, EntryPath path) {
+// The screen forgets the last calculation and the reply the computer
+// expected; the game is under way and can be stepped back.
+void ClearForHumanMove(Session& s, EntryPath path) {
   Game& g = s.game;
   Screen& sc = s.screen;
-  const int n = g.HalfMoveCount;
-
   sc.Label9 = "no calculation";
   sc.StatusText.clear();
-  // The reply the computer expected is no longer the question.
   ClearStoredReply(g);
   if (path != EntryPath::List3) sc[Command::List3].Enabled = 0;
   g.GameInProgress = 1;
   EnableCommand(s, Command::First, 1);
   EnableCommand(s, Command::Back, 1);
+}
 
-  const std::string display = DisplayText(g, moveText);
-
+// The move enters the record at half-move n and ends it there.
+void StoreHumanMove(Session& s, int n) {
+  Game& g = s.game;
   g.Record.GameMoves[n] = g.MoveStack[g.LastMoveIndex];
   g.Record.MaterialSaved[n] = g.MaterialByPly[g.Ply];
   g.Record.ActivitySaved[n] = g.ActivityByPly[g.Ply];
   g.Record.GameMoves[n + 1].FromSquare = 0;
   EnableCommand(s, Command::Forward, 0);
   EnableCommand(s, Command::Last, 0);
-
   CutStoredTail(s, n);
   RefreshBoard(s, 0);
   UpdateAfterMove(s);
-
   g.Record.LegalCountHistory[n] = g.PlyBase[g.Ply] - g.PlyBase[g.Ply - 1];
   g.GameResult.clear();
   RefreshBoard(s, 0);
-  if (g.Settings.UseSound == 1) s.window.PlaySound(g.DataFolder / "sounds" / "click.wav");
+}
 
+// The click, the move list, the log.
+void ShowHumanMove(Session& s, std::string_view moveText, const std::string& display, int n) {
+  Game& g = s.game;
+  if (g.Settings.UseSound == 1) s.window.PlaySound(g.DataFolder / "sounds" / "click.wav");
   const std::string row = WriteMoveToList(s, moveText, display, MoverHuman);
   LogLine(s, PlayerLogLine(row, g.Record.EvalHistory[n]));
-  sc.List1Selected = n - 1;
+  s.screen.List1Selected = n - 1;
   s.window.Changed(Part::Lists | Part::Texts | Part::Status | Part::Commands);
-  CheckEndAfterMove(s);
+}
 
+// After the move: the game has ended, the other player moves, a replaced
+// move waits for Compute, or the computer replies.
+void AfterHumanMove(Session& s, EntryPath path) {
+  Game& g = s.game;
+  Screen& sc = s.screen;
   if (g.GameOver == 1) {
     if (path == EntryPath::Mouse || path == EntryPath::List3) SwapPlayerNames(g);
     RefreshBoard(s, 0);
@@ -102,6 +108,18 @@ void RecordHumanMove(Session& s, std::string_view moveText, EntryPath path) {
     EnableCommand(s, Command::BoardMenu, 0);
   }
   BeginComputerTurn(s, path == EntryPath::Mouse ? TurnReason::Reply : TurnReason::ReplyDirect);
+}
+
+}  // namespace
+
+void RecordHumanMove(Session& s, std::string_view moveText, EntryPath path) {
+  const int n = s.game.HalfMoveCount;
+  ClearForHumanMove(s, path);
+  const std::string display = DisplayText(s.game, moveText);
+  StoreHumanMove(s, n);
+  ShowHumanMove(s, moveText, display, n);
+  CheckEndAfterMove(s);
+  AfterHumanMove(s, path);
 }
 
 void FinishHumanMove(Session& s) {
