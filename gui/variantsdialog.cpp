@@ -42,6 +42,7 @@ VariantsDialog::VariantsDialog(Game& g, QWidget* parent) : QDialog(parent), g_(g
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(BuildTopRow());
 
+  // Three columns of frames, built in the order the Tab key visits them.
   auto* frames = new QHBoxLayout;
   auto* column1 = new QVBoxLayout;
   auto* column2 = new QVBoxLayout;
@@ -50,8 +51,27 @@ VariantsDialog::VariantsDialog(Game& g, QWidget* parent) : QDialog(parent), g_(g
   frames->addLayout(column2);
   frames->addLayout(column3);
   layout->addLayout(frames);
+  column1->addWidget(BuildCapturesFrame());
+  column2->addWidget(BuildFlyingKingsFrame());
+  column2->addWidget(BuildMiscFrame());
+  column2->addWidget(BuildOpeningFrame());
+  column2->addStretch();
+  column3->addWidget(BuildWinDrawFrame());
+  column3->addWidget(BuildOffBoardFrame());
+  column3->addStretch();
 
-  // Captures
+  auto* bottom = new QHBoxLayout;
+  bottom->addWidget(BuildPromotionFrame());
+  bottom->addWidget(BuildDirectionFrame(), 1);
+  layout->addLayout(bottom);
+  layout->addLayout(BuildButtonRow());
+
+  for (std::size_t i = 1; i < tabOrder_.size(); ++i) setTabOrder(tabOrder_[i - 1], tabOrder_[i]);
+
+  if (Guarded([this] { OpenVariantsForm(form_, g_); })) ShowForm();
+}
+
+QWidget* VariantsDialog::BuildCapturesFrame() {
   QWidget* captures = nullptr;
   auto* capturesLayout = static_cast<QVBoxLayout*>(BuildCheckFrame(
       "Captures",
@@ -82,9 +102,10 @@ VariantsDialog::VariantsDialog(Game& g, QWidget* parent) : QDialog(parent), g_(g
     connect(text6_, &QLineEdit::textEdited, this, &VariantsDialog::ControlChanged);
   }
   capturesLayout->addStretch();
-  column1->addWidget(captures);
+  return captures;
+}
 
-  // Flying Kings and Misc
+QWidget* VariantsDialog::BuildFlyingKingsFrame() {
   QWidget* frame = nullptr;
   BuildCheckFrame("Flying Kings",
                   {{&F::Check11, "Kings can move multiple squares"},
@@ -93,7 +114,11 @@ VariantsDialog::VariantsDialog(Game& g, QWidget* parent) : QDialog(parent), g_(g
                    {&F::Check15, "Man move like a flying King when jumping"},
                    {&F::Check27, "Kings can reverse direction in capture"}},
                   &frame);
-  column2->addWidget(frame);
+  return frame;
+}
+
+QWidget* VariantsDialog::BuildMiscFrame() {
+  QWidget* frame = nullptr;
   BuildCheckFrame("Misc",
                   {{&F::Check3, "Bottom left square is black"},
                    {&F::Check4, "Black begins"},
@@ -102,80 +127,72 @@ VariantsDialog::VariantsDialog(Game& g, QWidget* parent) : QDialog(parent), g_(g
                    {&F::Check23, "Last Man becomes King"},
                    {&F::Check25, "Promoted Men change color"}},
                   &frame);
-  column2->addWidget(frame);
+  return frame;
+}
 
-  // Opening
-  {
-    auto* box = new QGroupBox("Opening");
-    auto* grid = new QGridLayout(box);
-    grid->addWidget(AddCheck(&F::Check20, "Remove Men"), 0, 0);
-    auto* label11 = Caption("# men:");
-    grid->addWidget(label11, 0, 1);
-    grid->addWidget(AddNumber(&F::Text3, label11), 0, 2);
-    grid->addWidget(AddCheck(&F::Check21, "Automatic Moves"), 1, 0);
-    auto* label12 = Caption("# moves:");
-    grid->addWidget(label12, 1, 1);
-    grid->addWidget(AddNumber(&F::Text4, label12), 1, 2);
-    grid->setColumnStretch(3, 1);
-    column2->addWidget(box);
-  }
-  column2->addStretch();
+QWidget* VariantsDialog::BuildOpeningFrame() {
+  auto* box = new QGroupBox("Opening");
+  auto* grid = new QGridLayout(box);
+  grid->addWidget(AddCheck(&F::Check20, "Remove Men"), 0, 0);
+  auto* label11 = Caption("# men:");
+  grid->addWidget(label11, 0, 1);
+  grid->addWidget(AddNumber(&F::Text3, label11), 0, 2);
+  grid->addWidget(AddCheck(&F::Check21, "Automatic Moves"), 1, 0);
+  auto* label12 = Caption("# moves:");
+  grid->addWidget(label12, 1, 1);
+  grid->addWidget(AddNumber(&F::Text4, label12), 1, 2);
+  grid->setColumnStretch(3, 1);
+  return box;
+}
 
-  // Win/Draw
-  {
-    QWidget* winDraw = nullptr;
-    auto* v = static_cast<QVBoxLayout*>(BuildCheckFrame("Win/Draw",
-                                                        {{&F::Check6, "Win when King returns"},
-                                                         {&F::Check16, "Win when player gets first King"},
-                                                         {&F::Check19, "Draw when no moves but pieces"}},
-                                                        &winDraw)
-                                            ->layout());
-    auto addCountRow = [&](CheckBox F::*check, const char* caption, TextBox F::*text) {
-      v->addWidget(AddCheck(check, caption));
-      auto* row = new QHBoxLayout;
-      row->setContentsMargins(DependentIndent, 0, 0, 0);
-      auto* label = Caption("After # moves:");
-      row->addWidget(label);
-      row->addWidget(AddNumber(text, label));
-      row->addStretch();
-      v->addLayout(row);
-    };
-    addCountRow(&F::Check26, "Draw with 3 Kings versus 1 King ", &F::Text5);
-    addCountRow(&F::Check31, "Draw with 2 Kings versus 1 King ", &F::Text7);
+QWidget* VariantsDialog::BuildWinDrawFrame() {
+  QWidget* winDraw = nullptr;
+  auto* v = static_cast<QVBoxLayout*>(BuildCheckFrame("Win/Draw",
+                                                      {{&F::Check6, "Win when King returns"},
+                                                       {&F::Check16, "Win when player gets first King"},
+                                                       {&F::Check19, "Draw when no moves but pieces"}},
+                                                      &winDraw)
+                                          ->layout());
+  auto addCountRow = [&](CheckBox F::*check, const char* caption, TextBox F::*text) {
+    v->addWidget(AddCheck(check, caption));
     auto* row = new QHBoxLayout;
-    auto* label20 = Caption("Loose when less than # pieces:");
-    row->addWidget(label20);
-    row->addWidget(AddNumber(&F::Text8, label20));
+    row->setContentsMargins(DependentIndent, 0, 0, 0);
+    auto* label = Caption("After # moves:");
+    row->addWidget(label);
+    row->addWidget(AddNumber(text, label));
     row->addStretch();
     v->addLayout(row);
-    column3->addWidget(winDraw);
-  }
+  };
+  addCountRow(&F::Check26, "Draw with 3 Kings versus 1 King ", &F::Text5);
+  addCountRow(&F::Check31, "Draw with 2 Kings versus 1 King ", &F::Text7);
+  auto* row = new QHBoxLayout;
+  auto* label20 = Caption("Loose when less than # pieces:");
+  row->addWidget(label20);
+  row->addWidget(AddNumber(&F::Text8, label20));
+  row->addStretch();
+  v->addLayout(row);
+  return winDraw;
+}
 
-  // Off the Board
-  {
-    auto* box = new QGroupBox("Off the Board");
-    auto* grid = new QGridLayout(box);
-    grid->addWidget(AddCheck(&F::Check33, "Start with pieces off the board"), 0, 0, 1, 4);
-    auto addRow = [&](int row, int column, const char* caption, TextBox F::*text) {
-      auto* label = Caption(caption);
-      grid->addWidget(label, row, column);
-      grid->addWidget(AddNumber(text, label), row, column + 1);
-    };
-    addRow(1, 0, "# pieces:", &F::Text10);
-    addRow(2, 0, "White First Row:", &F::Text9);
-    addRow(2, 2, "White Last Row:", &F::Text11);
-    addRow(3, 0, "Black First Row:", &F::Text12);
-    addRow(3, 2, "Black Last Row:", &F::Text13);
-    grid->setColumnStretch(4, 1);
-    column3->addWidget(box);
-  }
-  column3->addStretch();
+QWidget* VariantsDialog::BuildOffBoardFrame() {
+  auto* box = new QGroupBox("Off the Board");
+  auto* grid = new QGridLayout(box);
+  grid->addWidget(AddCheck(&F::Check33, "Start with pieces off the board"), 0, 0, 1, 4);
+  auto addRow = [&](int row, int column, const char* caption, TextBox F::*text) {
+    auto* label = Caption(caption);
+    grid->addWidget(label, row, column);
+    grid->addWidget(AddNumber(text, label), row, column + 1);
+  };
+  addRow(1, 0, "# pieces:", &F::Text10);
+  addRow(2, 0, "White First Row:", &F::Text9);
+  addRow(2, 2, "White Last Row:", &F::Text11);
+  addRow(3, 0, "Black First Row:", &F::Text12);
+  addRow(3, 2, "Black Last Row:", &F::Text13);
+  grid->setColumnStretch(4, 1);
+  return box;
+}
 
-  auto* bottom = new QHBoxLayout;
-  bottom->addWidget(BuildPromotionFrame());
-  bottom->addWidget(BuildDirectionFrame(), 1);
-  layout->addLayout(bottom);
-
+QLayout* VariantsDialog::BuildButtonRow() {
   auto* buttons = new QHBoxLayout;
   auto* random = new QPushButton("Random");
   auto* ok = new QPushButton("OK");
@@ -186,17 +203,13 @@ VariantsDialog::VariantsDialog(Game& g, QWidget* parent) : QDialog(parent), g_(g
   buttons->addStretch();
   for (QPushButton* b : {ok, apply, cancel}) buttons->addWidget(b);
   for (QPushButton* b : {ok, apply, cancel, random}) tabOrder_.push_back(b);
-  layout->addLayout(buttons);
   connect(random, &QPushButton::clicked, this, &VariantsDialog::RandomClicked);
   connect(ok, &QPushButton::clicked, this, [this] {
     if (StoreClicked(true)) accept();
   });
   connect(apply, &QPushButton::clicked, this, [this] { StoreClicked(false); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-
-  for (std::size_t i = 1; i < tabOrder_.size(); ++i) setTabOrder(tabOrder_[i - 1], tabOrder_[i]);
-
-  if (Guarded([this] { OpenVariantsForm(form_, g_); })) ShowForm();
+  return buttons;
 }
 
 QWidget* VariantsDialog::BuildTopRow() {

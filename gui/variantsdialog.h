@@ -43,6 +43,13 @@ class VariantsDialog : public QDialog {
   };
 
   QWidget* BuildTopRow();
+  QWidget* BuildCapturesFrame();
+  QWidget* BuildFlyingKingsFrame();
+  QWidget* BuildMiscFrame();
+  QWidget* BuildOpeningFrame();
+  QWidget* BuildWinDrawFrame();
+  QWidget* BuildOffBoardFrame();
+  QLayout* BuildButtonRow();
   QWidget* BuildCheckFrame(const char* title, std::initializer_list<std::pair<CheckBox VariantsForm::*, const char*>> boxes,
                            QWidget** frame);
   QCheckBox* AddCheck(CheckBox VariantsForm::*box, const char* caption);
