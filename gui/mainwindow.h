@@ -80,7 +80,15 @@ class MainWindow : public QMainWindow, public WindowLayer {
   void BuildMenus();
   void BuildHelpMenu();
   void AddDetailsCommand(QMenu* gameMenu);  // Details...: the game's PDN tags
-  void BuildPanels();
+  void BuildPanels();  // mainwindow_panels.cpp
+  QWidget* BuildPlayersBox();
+  QWidget* BuildExtraPieces();
+  QWidget* BuildVariantCaption();
+  QLayout* BuildLists();
+  QLayout* BuildMoveEntry();
+  QWidget* BuildCalculationBox();
+  void BuildStatusBar();
+  void ConnectPanels();
   QAction* AddCommand(QMenu* menu, Command c, const QString& text, const QKeySequence& keys, bool checkable = false);
   void Sync();
   void SyncList(QListWidget* list, const std::vector<std::string>& rows, int enabled);
