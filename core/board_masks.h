@@ -35,6 +35,9 @@ inline constexpr Mask TwoStepsFrom[4] = {~(ColumnA | ColumnB), ~(ColumnG | Colum
 // x moved by `bits` (negative: downwards); bits shifted past either end drop.
 constexpr Mask ShiftBy(Mask x, int bits) { return bits >= 0 ? x << bits : x >> -bits; }
 
+// The squares from which one step in direction dir lands on a square of x.
+constexpr Mask Toward(Mask x, int dir) { return ShiftBy(x, -DiagonalBitStep[dir]) & OneStepFrom[dir]; }
+
 // The squares of the side to move and of its opponent, by kind, and the empty squares.
 struct SideMasks {
   Mask ownMen = 0, ownKings = 0, oppMen = 0, oppKings = 0, empty = 0;

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "core/board.h"
+#include "core/fast_eval_tables.h"
 #include "core/generator_work.h"
 #include "core/options.h"
 #include "core/pdntags.h"
@@ -101,25 +102,6 @@ struct VariantFlags {
   int PromoListsEqual = 0;
   int PromoListLast = 0;
   int SearchFlavour = 1;
-};
-
-// What the fast evaluations derive from the rules and the promotion table:
-// each piece's terms that depend on its square alone, and the lines behind
-// the crowning squares that the back-rank term reads. Built on first use and
-// again whenever the crowning squares, the movement or the promotion table
-// change.
-struct FastEvalTables {
-  int Built = 0;
-  int Kind = -1;
-  int PromoKey[2][4]{};
-  int StepKey[4][9]{};
-  int PieceSquare[5][120]{};  // by piece value + 2
-  struct Line {
-    int s, m, t, straight;
-  };
-  int LinesUsable = 0;  // 0: the back-rank term is counted square by square
-  int LineCount[2]{};
-  Line Lines[2][64]{};
 };
 
 // The direction table of the default movement texts.

@@ -11,7 +11,6 @@ std::uint64_t SplitMix(std::uint64_t& x) {
   z = (z ^ (z >> 27)) * 0x94d049bb133111ebULL;
   return z ^ (z >> 31);
 }
-std::uint64_t Rotl(std::uint64_t x, int k) { return (x << k) | (x >> (64 - k)); }
 }  // namespace
 
 void RandomSource::Seed(std::uint64_t seed) {
@@ -25,19 +24,6 @@ void RandomSource::Randomize() {
   }
   Seed(static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()) ^
        static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count()));
-}
-
-double RandomSource::Rnd() {
-  // xoshiro256**: small, fast and good enough for games.
-  const std::uint64_t result = Rotl(state_[1] * 5, 7) * 9;
-  const std::uint64_t t = state_[1] << 17;
-  state_[2] ^= state_[0];
-  state_[3] ^= state_[1];
-  state_[1] ^= state_[2];
-  state_[0] ^= state_[3];
-  state_[2] ^= t;
-  state_[3] = Rotl(state_[3], 45);
-  return static_cast<double>(result >> 11) * 0x1.0p-53;
 }
 
 }  // namespace qv

@@ -1,15 +1,18 @@
 // The evaluation of the four fast rule sets. It computes exactly what the
-// general evaluation computes with their rules fixed, term for term, but
-// walks the pieces once into a short list, reads the board without range
-// checks where the cell is known to lie on it, keeps the score in an integer
-// (every term of these rule sets is whole) and takes distances from a table.
+// general evaluation computes with their rules fixed, term for term, but on
+// the position's masks: the pieces are counted, each side's strongest piece
+// is found by a bit scan, and the terms of all pieces at once are sums of
+// counted squares that a mask shares with tables built from the rules. A rule
+// set whose pieces do not step diagonally has its terms walked square by
+// square instead.
+#include <algorithm>
 #include <array>
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
+#include <climits>
 #include <cmath>
-#include <cstdlib>
+#include <cstring>
+#include <numeric>
 
+#include "core/mask_count.h"
 #include "core/text.h"
 #include "engine/evaluate.h"
 #include "engine/score.h"
@@ -20,13 +23,13 @@ namespace {
 
 enum class FastKind { Short, ShortMirror, Long };
 
-
 constexpr int Row(int s) { return s / 10; }
 constexpr int Column(int s) { return s % 10; }
 constexpr int Abs(int v) { return v < 0 ? -v : v; }
 
 // (15 - distance) / 3 between two cells, the weight of a piece's support by
-// its distance from the strongest enemy piece. Cell 0 stands for "no such piece".
+// its distance from the strongest enemy piece. Cell 0 stands for "no such
+// piece". Every weight lies in 0 to 4.
 struct DistanceWeights {
   std::array<std::array<signed char, 120>, 120> w{};
   constexpr DistanceWeights() {
@@ -36,6 +39,22 @@ struct DistanceWeights {
   }
 };
 constexpr DistanceWeights Weights;
+
+// The same weights as three masks for each square of the strongest piece
+// (64: no piece): a square's weight is plane 0 + 2 x plane 1 + 4 x plane 2.
+struct WeightPlanes {
+  std::array<std::array<Mask, 3>, 65> plane{};
+  constexpr WeightPlanes() {
+    for (int strong = 0; strong <= 64; ++strong) {
+      const int from = strong == 64 ? 0 : CellOfBit(strong);
+      for (int bit = 0; bit < 64; ++bit)
+        for (int j = 0; j < 3; ++j)
+          if (Weights.w[from][CellOfBit(bit)] >> j & 1) plane[strong][j] |= BitOf(bit);
+    }
+  }
+};
+constexpr WeightPlanes Planes;
+constexpr int NoPiece = 64;
 
 // The four centre squares: b4-style boards (mirror) and a1-style boards.
 struct CentreTable {
@@ -47,14 +66,73 @@ struct CentreTable {
 };
 constexpr CentreTable Centre;
 
-// The quiet steps of one side's men and kings, by which SupportCount looks
-// behind a piece. Steps of a diagonal or one-square move keep the square
-// behind a piece inside the 120 cells.
+// Each side's strongest piece as the general evaluation finds it, scanning
+// the rows upwards and each row from h to a: White's first king, else its
+// first man; Black's last king, else its last man. As a bit, NoPiece when
+// the side has none.
+int WhiteStrongBit(const PositionKeyWords& k) {
+  const Mask set = k.WhiteKings != 0 ? k.WhiteKings : k.WhiteMen;
+  if (set == 0) return NoPiece;
+  const int row = std::countr_zero(set) >> 3;
+  return 63 - std::countl_zero(set & (Mask{0xFF} << (row * 8)));
+}
+int BlackStrongBit(const PositionKeyWords& k) {
+  const Mask set = k.BlackKings != 0 ? k.BlackKings : k.BlackMen;
+  if (set == 0) return NoPiece;
+  const int row = (63 - std::countl_zero(set)) >> 3;
+  return std::countr_zero(set & (Mask{0xFF} << (row * 8)));
+}
+int CellOfStrong(int bit) { return bit == NoPiece ? 0 : CellOfBit(bit); }
+
+// The support weights summed over a set of squares.
+QV_INLINE_COUNT int WeightSum(Mask squares, const std::array<Mask, 3>& weight) {
+  return CountOf(squares & weight[0]) + 2 * CountOf(squares & weight[1]) + 4 * CountOf(squares & weight[2]);
+}
+
+// The support terms of one side's pieces, all at once: each piece counts its
+// support times its weight, and a lone piece 10 less. A piece's support is 1
+// plus 2 for each own piece in the two squares behind it (behindA, behindB)
+// and each own king in the two squares ahead (aheadA, aheadB); the four
+// masks are added bit by bit into a count of three bits.
+QV_INLINE_COUNT int SupportTerms(Mask pieces, Mask behindA, Mask behindB, Mask aheadA, Mask aheadB,
+                                 const std::array<Mask, 3>& weight) {
+  behindA &= pieces, behindB &= pieces, aheadA &= pieces, aheadB &= pieces;
+  const Mask sumA = behindA ^ behindB, carryA = behindA & behindB;
+  const Mask sumB = aheadA ^ aheadB, carryB = aheadA & aheadB;
+  const Mask ones = sumA ^ sumB, twos = carryA ^ carryB ^ (sumA & sumB), fours = carryA & carryB;
+  const Mask lone = pieces & ~(behindA | behindB | aheadA | aheadB);
+  return WeightSum(pieces, weight) + 2 * WeightSum(ones, weight) + 4 * WeightSum(twos, weight) +
+         8 * WeightSum(fours, weight) - 10 * CountOf(lone);
+}
+
+// A table of square values summed over the squares of a mask.
+QV_INLINE_COUNT int SumOver(const SquareSum& table, Mask squares) {
+  int sum = table.Base * CountOf(squares);
+  for (int j = 0; j < table.Planes; ++j) sum += table.Weight[j] * CountOf(squares & table.Plane[j]);
+  return sum;
+}
+
+// The terms of all pieces, on masks: those of their squares, and their
+// support weighed by the distance from the strongest enemy piece. Men step
+// diagonally forward and kings all ways: White's men behind a white piece
+// stand 9 and 11 cells lower (directions 2 and 3), Black's higher.
+QV_INLINE_COUNT int PieceTermsFromMasks(const FastEvalTables& t, const PositionKeyWords& k) {
+  const Mask white = k.White(), black = k.Black();
+  const int whiteSupport = SupportTerms(white, Toward(white, 2), Toward(white, 3), Toward(k.WhiteKings, 0),
+                                        Toward(k.WhiteKings, 1), Planes.plane[BlackStrongBit(k)]);
+  const int blackSupport = SupportTerms(black, Toward(black, 0), Toward(black, 1), Toward(k.BlackKings, 2),
+                                        Toward(k.BlackKings, 3), Planes.plane[WhiteStrongBit(k)]);
+  return SumOver(t.PieceSquareSum[WhiteMan + 2], k.WhiteMen) + SumOver(t.PieceSquareSum[WhiteKing + 2], k.WhiteKings) +
+         SumOver(t.PieceSquareSum[BlackMan + 2], k.BlackMen) + SumOver(t.PieceSquareSum[BlackKing + 2], k.BlackKings) +
+         whiteSupport - blackSupport;
+}
+
+// The quiet steps of one side's men and kings, by which the support looks
+// behind a piece, for the walk over the board.
 struct SupportSteps {
   int man[8];
   int king[8];
   int men = 0, kings = 0;
-  bool near = true;  // every step at most two rows long
 };
 
 SupportSteps StepsOf(const Game& g, int side) {
@@ -63,20 +141,12 @@ SupportSteps StepsOf(const Game& g, int side) {
   const DirectionRow& kings = g.DirTable[side == 1 ? KindWhiteKing : KindBlackKing];
   for (int i = 0; i < 8 && men.Cells[i] != EndOfList; ++i) steps.man[steps.men++] = men.Cells[i];
   for (int i = 0; i < 8 && kings.Cells[i] != EndOfList; ++i) steps.king[steps.kings++] = kings.Cells[i];
-  for (int i = 0; i < steps.men; ++i) steps.near = steps.near && Abs(steps.man[i]) <= 21;
-  for (int i = 0; i < steps.kings; ++i) steps.near = steps.near && Abs(steps.king[i]) <= 21;
   return steps;
 }
 
 // 1, plus 2 for each own man or king one of its own steps behind the square.
 int Support(const int* board, int s, int side, const SupportSteps& steps) {
   int count = 1;
-  if (steps.near) {
-    // s lies on the board (rows 2 to 9), so s - step stays within the frame.
-    for (int i = 0; i < steps.men; ++i) count += 2 * (board[s - steps.man[i]] == side);
-    for (int i = 0; i < steps.kings; ++i) count += 2 * (board[s - steps.king[i]] == 2 * side);
-    return count;
-  }
   for (int i = 0; i < steps.men; ++i) {
     const int t = s - steps.man[i];
     if (t >= 0 && t < 120 && board[t] == side) count += 2;
@@ -88,32 +158,27 @@ int Support(const int* board, int s, int side, const SupportSteps& steps) {
   return count;
 }
 
-// True when men step diagonally forward and kings diagonally all ways, in
-// the order the movement texts of all four fast rule sets give them: Support
-// can then be counted without its loops.
-bool DiagonalSteps(const DirectionTable& table) {
-  static constexpr int expected[4][5] = {
-      {9, 11, EndOfList}, {-9, -11, EndOfList}, {9, 11, -9, -11, EndOfList}, {-9, -11, 9, 11, EndOfList}};
-  for (int kind = 0; kind < 4; ++kind)
-    for (int i = 0; i < 5; ++i) {
-      if (table.Cells[kind].Cells[i] != expected[kind][i]) return false;
-      if (expected[kind][i] == EndOfList) break;
-    }
-  return true;
+template <int Side>
+int SideTermsByWalk(const int* board, const FastEvalTables& t, Mask pieces, int strong, const SupportSteps& steps) {
+  int p = 0;
+  for (; pieces != 0; pieces &= pieces - 1) {
+    const int s = CellOfBit(std::countr_zero(pieces));
+    const int support = Support(board, s, Side, steps);
+    p += t.PieceSquare[board[s] + 2][s] + Side * (support * Weights.w[strong][s] - 10 * (support == 1));
+  }
+  return p;
 }
 
-// Support with the diagonal steps: White's men behind a white piece stand 9
-// and 11 cells lower, Black's 9 and 11 higher; kings on all four diagonals.
-template <int Side>
-inline int DiagonalSupport(const int* board, int s) {
-  constexpr int man = Side, king = 2 * Side;
-  const int a = board[s - 9 * Side], b = board[s - 11 * Side], c = board[s + 9 * Side], d = board[s + 11 * Side];
-  return 1 + 2 * ((a == man) + (b == man) + (a == king) + (b == king) + (c == king) + (d == king));
+// The terms of all pieces, walked one by one, for pieces with any steps.
+int PieceTermsByWalk(const Game& g, const FastEvalTables& t, const PositionKeyWords& k) {
+  const int* board = g.Board.Cells;
+  return SideTermsByWalk<1>(board, t, k.White(), CellOfStrong(BlackStrongBit(k)), StepsOf(g, 1)) +
+         SideTermsByWalk<-1>(board, t, k.Black(), CellOfStrong(WhiteStrongBit(k)), StepsOf(g, -1));
 }
 
 // The back-rank term of list c, as the general evaluation counts it over the
-// first four entries of a crowning list.
-int BackRankFast(const Game& g, int c) {
+// first four entries of a crowning list, walked over the board.
+int BackRankByWalk(const Game& g, int c) {
   int p = 0;
   const int* board = g.Board.Cells;
   const int* list = g.RuleSet.PromoSquares.Cells[c].Cells;
@@ -142,81 +207,100 @@ int BackRankFast(const Game& g, int c) {
   return p;
 }
 
-struct Piece {
-  int cell, value;
-};
-
-// The census of the board: counts, and each side's strongest piece as the
-// general evaluation finds it scanning the rows upwards and each row from h to
-// a: White's first piece of the highest value, Black's last of the lowest.
-struct Census {
-  int whiteCount = 0, blackCount = 0, whiteMen = 0, blackMen = 0;
-  int whiteStrong = 0, blackStrong = 0;
-  // The pieces the terms walk over, by colour, each list a1 to h8 row by row.
-  int whiteListed = 0, blackListed = 0;
-  Piece white[64], black[64];
-};
-
-// The occupied squares of a row as the bits 1 to 8 of a mask, bit c for
-// column c.
-inline unsigned OccupiedColumns(const int* row) {
-#ifdef __SSE2__
-  const __m128i empty = _mm_setzero_si128(), frame = _mm_set1_epi32(OffBoard);
-  const __m128i low = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row + 1));
-  const __m128i high = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row + 5));
-  const __m128i lowFree = _mm_or_si128(_mm_cmpeq_epi32(low, empty), _mm_cmpeq_epi32(low, frame));
-  const __m128i highFree = _mm_or_si128(_mm_cmpeq_epi32(high, empty), _mm_cmpeq_epi32(high, frame));
-  const unsigned free = static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(lowFree))) |
-                        static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(highFree))) << 4;
-  return (~free & 0xffu) << 1;
-#else
-  unsigned mask = 0;
-  for (int column = 1; column <= 8; ++column) mask |= unsigned(row[column] != 0 && row[column] != OffBoard) << column;
-  return mask;
-#endif
-}
-
-void TakeCensus(const int* board, Census& census) {
-  // One pass a1 to h8; the order h to a within a row that decides the
-  // strongest piece is kept by the tie rules: White keeps its first piece of
-  // a row unless a later one of the same row is as strong, Black takes a
-  // piece as strong as its current one only from a later row.
-  int whiteStrongValue = 0, blackStrongValue = 0, blackStrongRow = 0;
-  for (int row = 2; row <= 9; ++row) {
-    const int* cells = board + row * 10;
-    int whiteStrongRow = 0;
-    for (unsigned mask = OccupiedColumns(cells); mask != 0; mask &= mask - 1) {
-      const int column = __builtin_ctz(mask);
-      const int v = cells[column];
-      const int s = row * 10 + column;
-      if (v > 0) {
-        ++census.whiteCount;
-        census.whiteMen += v == WhiteMan;
-        if (v > whiteStrongValue || (v == whiteStrongValue && whiteStrongRow == row))
-          whiteStrongValue = v, census.whiteStrong = s, whiteStrongRow = row;
-      } else {
-        ++census.blackCount;
-        census.blackMen += v == BlackMan;
-        if (v < blackStrongValue || (v == blackStrongValue && row > blackStrongRow))
-          blackStrongValue = v, census.blackStrong = s, blackStrongRow = row;
-      }
-      if (v < MarkedBelow) continue;
-      if (v > 0) census.white[census.whiteListed++] = {s, v};
-      else census.black[census.blackListed++] = {s, v};
+// The back-rank term of list c on masks: a crowning square and the two
+// squares of a line behind it, empty, favour side c; three men of one colour
+// on a straight line count for their side.
+QV_INLINE_COUNT int BackRankFromMasks(const FastEvalTables& t, int c, const PositionKeyWords& k) {
+  const Mask empty = ~(k.White() | k.Black());
+  const int open = 20 - 40 * c, wide = 30 - 60 * c;
+  int p = 0;
+  for (int i = 0; i < t.LineGroups[c]; ++i) {
+    const CrownLines& line = t.Lines[c][i];
+    const Mask openCrowns = line.Crowns & empty;
+    const Mask firstEmpty = Toward(empty, line.First);
+    const Mask secondEmpty = Toward(Toward(empty, line.Second), line.First);
+    p += wide * CountOf(openCrowns & firstEmpty & secondEmpty) + open * CountOf(openCrowns & (firstEmpty | secondEmpty));
+    if (line.First == line.Second) {
+      const Mask white = k.WhiteMen, black = k.BlackMen;
+      const int d = line.First;
+      p += 30 * (CountOf(line.Crowns & white & Toward(white, d) & Toward(Toward(white, d), d)) -
+                 CountOf(line.Crowns & black & Toward(black, d) & Toward(Toward(black, d), d)));
     }
   }
+  return p;
 }
 
-// Whether the tables were built for these rules and this evaluation.
-bool TablesMatch(const Game& g, int kind) {
-  const FastEvalTables& t = g.FastEval;
-  if (t.Built != 1 || t.Kind != kind) return false;
-  for (int c = 0; c < 2; ++c)
-    for (int e = 0; e < 4; ++e)
-      if (t.PromoKey[c][e] != g.RuleSet.PromoSquares.Cells[c].Cells[e]) return false;
-  for (int k = 0; k < 4; ++k)
-    for (int i = 0; i < 9; ++i)
-      if (t.StepKey[k][i] != g.DirTable.Cells[k].Cells[i]) return false;
+// True when men step diagonally forward and kings diagonally all ways, in
+// the order the movement texts of all four fast rule sets give them.
+bool DiagonalSteps(const DirectionTable& table) {
+  static constexpr int expected[4][5] = {
+      {9, 11, EndOfList}, {-9, -11, EndOfList}, {9, 11, -9, -11, EndOfList}, {-9, -11, 9, 11, EndOfList}};
+  for (int kind = 0; kind < 4; ++kind)
+    for (int i = 0; i < 5; ++i) {
+      if (table.Cells[kind].Cells[i] != expected[kind][i]) return false;
+      if (expected[kind][i] == EndOfList) break;
+    }
+  return true;
+}
+
+int DiagonalIndex(int step) { return static_cast<int>(std::find(DiagonalCellStep, DiagonalCellStep + 4, step) - DiagonalCellStep); }
+
+// The lines behind the crowning squares of list c, grouped by their two
+// steps, as BackRankByWalk meets them; false when the masks cannot count
+// them (a square outside the board's cells, a crowning square listed twice).
+// The men's steps are diagonal.
+bool BuildCrownLines(const Game& g, int c, FastEvalTables& t) {
+  const int* list = g.RuleSet.PromoSquares.Cells[c].Cells;
+  const int* steps = g.DirTable.Cells[c == 0 ? KindBlackMan : KindWhiteMan].Cells;
+  int count = 0;
+  while (count < 8 && steps[count] != EndOfList) ++count;
+  t.LineGroups[c] = 0;
+  for (int i = 0; i < 4; ++i) {
+    const int s = list[i];
+    if (s == -1) continue;
+    if (s < 0 || s >= 120) return false;
+    for (int a = 0; a < count; ++a) {
+      const int m = s + steps[a];
+      if (m < 0 || m >= 120) return false;
+      if (g.Board.Cells[m] == OffBoard) break;  // the frame never changes
+      if (IsFrameCell(s)) continue;              // a frame cell is never empty nor a man
+      for (int b = 0; b < count; ++b) {
+        if (steps[a] + steps[b] == 0) continue;
+        const int first = DiagonalIndex(steps[a]), second = DiagonalIndex(steps[b]);
+        CrownLines* group = std::find_if(t.Lines[c], t.Lines[c] + t.LineGroups[c], [&](const CrownLines& l) {
+          return l.First == first && l.Second == second;
+        });
+        if (group == t.Lines[c] + t.LineGroups[c]) *group = CrownLines{first, second, 0}, ++t.LineGroups[c];
+        const int row = Row(s) - 2, column = Column(s) - 1;
+        const Mask bit = BitOf(row * 8 + column);
+        if ((group->Crowns & bit) != 0) return false;
+        group->Crowns |= bit;
+      }
+    }
+  }
+  return true;
+}
+
+// The values of a table by square as a base and bit planes; false when they
+// need more planes than a SquareSum holds.
+bool BuildSquareSum(const int* valueByCell, SquareSum& sum) {
+  int low = INT_MAX, high = INT_MIN, unit = 0;
+  for (int bit = 0; bit < 64; ++bit) {
+    low = std::min(low, valueByCell[CellOfBit(bit)]);
+    high = std::max(high, valueByCell[CellOfBit(bit)]);
+  }
+  for (int bit = 0; bit < 64; ++bit) unit = std::gcd(unit, valueByCell[CellOfBit(bit)] - low);
+  sum = SquareSum{};
+  sum.Base = low;
+  if (unit == 0) return true;
+  sum.Planes = std::bit_width(static_cast<unsigned>((high - low) / unit));
+  if (sum.Planes > SquareSum::MaxPlanes) return false;
+  for (int j = 0; j < sum.Planes; ++j) sum.Weight[j] = unit << j;
+  for (int bit = 0; bit < 64; ++bit) {
+    const int q = (valueByCell[CellOfBit(bit)] - low) / unit;
+    for (int j = 0; j < sum.Planes; ++j)
+      if (q >> j & 1) sum.Plane[j] |= BitOf(bit);
+  }
   return true;
 }
 
@@ -244,31 +328,14 @@ int SquareTerms(const Game& g, int s, int v) {
   return sg * term;
 }
 
-// The lines behind the crowning squares of list c, as BackRankFast walks
-// them; false when a square lies outside the board's cells, which the walk
-// itself must meet.
-bool BuildLines(const Game& g, int c, FastEvalTables& t) {
-  const int* list = g.RuleSet.PromoSquares.Cells[c].Cells;
-  const int* steps = g.DirTable.Cells[c == 0 ? KindBlackMan : KindWhiteMan].Cells;
-  int count = 0;
-  while (count < 8 && steps[count] != EndOfList) ++count;
-  t.LineCount[c] = 0;
-  for (int i = 0; i < 4; ++i) {
-    const int s = list[i];
-    if (s == -1) continue;
-    if (s < 0 || s >= 120) return false;
-    for (int a = 0; a < count; ++a) {
-      const int m = s + steps[a];
-      if (m < 0 || m >= 120) return false;
-      if (g.Board.Cells[m] == OffBoard) break;  // the frame never changes
-      for (int b = 0; b < count; ++b) {
-        const int d2 = steps[b], tt = m + d2;
-        if (steps[a] + d2 == 0 || tt < 0 || tt >= 120) continue;
-        if (t.LineCount[c] == 64) return false;
-        t.Lines[c][t.LineCount[c]++] = {s, m, tt, steps[a] == d2 ? 1 : 0};
-      }
-    }
-  }
+// Whether the tables were built for these rules and this evaluation.
+bool TablesMatch(const Game& g, int kind) {
+  const FastEvalTables& t = g.FastEval;
+  if (t.Built != 1 || t.Kind != kind) return false;
+  for (int c = 0; c < 2; ++c)
+    if (std::memcmp(t.PromoKey[c], g.RuleSet.PromoSquares.Cells[c].Cells, sizeof t.PromoKey[c]) != 0) return false;
+  for (int k = 0; k < 4; ++k)
+    if (std::memcmp(t.StepKey[k], g.DirTable.Cells[k].Cells, sizeof t.StepKey[k]) != 0) return false;
   return true;
 }
 
@@ -283,93 +350,61 @@ const FastEvalTables& TablesFor(Game& g) {
     for (int e = 0; e < 4; ++e) t.PromoKey[c][e] = g.RuleSet.PromoSquares.Cells[c].Cells[e];
   for (int k = 0; k < 4; ++k)
     for (int i = 0; i < 9; ++i) t.StepKey[k][i] = g.DirTable.Cells[k].Cells[i];
-  for (int s = 0; s < 120; ++s) {
-    for (int v : {BlackKing, BlackMan, WhiteMan, WhiteKing})
-      t.PieceSquare[v + 2][s] = IsFrameCell(s) ? 0 : SquareTerms<K>(g, s, v);
+  bool sums = true;
+  for (int v : {BlackKing, BlackMan, WhiteMan, WhiteKing}) {
+    for (int s = 0; s < 120; ++s) t.PieceSquare[v + 2][s] = IsFrameCell(s) ? 0 : SquareTerms<K>(g, s, v);
+    sums = BuildSquareSum(t.PieceSquare[v + 2], t.PieceSquareSum[v + 2]) && sums;
   }
-  t.LinesUsable = BuildLines(g, 0, t) && BuildLines(g, 1, t) ? 1 : 0;
+  t.MasksUsable = sums && DiagonalSteps(g.DirTable) && BuildCrownLines(g, 0, t) && BuildCrownLines(g, 1, t) ? 1 : 0;
   return t;
 }
 
-// The back-rank term of list c from the lines behind its crowning squares.
-int BackRankFromLines(const int* board, const FastEvalTables& t, int c) {
-  const int open = 20 - 40 * c, wide = 30 - 60 * c;
-  int p = 0;
-  for (int i = 0; i < t.LineCount[c]; ++i) {
-    const FastEvalTables::Line& line = t.Lines[c][i];
-    const int p0 = board[line.s], p1 = board[line.m], p2 = board[line.t];
-    if (p0 == 0) p += wide * (p1 == 0 && p2 == 0) + open * (p1 == 0 || p2 == 0);
-    if (line.straight && p0 == p1 && p1 == p2 && (p0 == 1 || p0 == -1)) p += 30 * p0;
-  }
-  return p;
-}
-
-// The terms of one side's pieces: those of their squares, and their support
-// weighed by the distance from the strongest enemy piece.
-template <int Side>
-int SideTerms(const int* board, const FastEvalTables& tables, const Piece* pieces, int count, int strong,
-              const SupportSteps* steps) {
-  int p = 0;
-  for (int i = 0; i < count; ++i) {
-    const int s = pieces[i].cell;
-    const int support = steps ? Support(board, s, Side, *steps) : DiagonalSupport<Side>(board, s);
-    p += tables.PieceSquare[pieces[i].value + 2][s] + Side * (support * Weights.w[strong][s] - 10 * (support == 1));
-  }
-  return p;
-}
-
-int PieceTerms(const Game& g, const FastEvalTables& tables, const Census& census) {
-  const int* board = g.Board.Cells;
-  if (DiagonalSteps(g.DirTable))
-    return SideTerms<1>(board, tables, census.white, census.whiteListed, census.blackStrong, nullptr) +
-           SideTerms<-1>(board, tables, census.black, census.blackListed, census.whiteStrong, nullptr);
-  const SupportSteps white = StepsOf(g, 1), black = StepsOf(g, -1);
-  return SideTerms<1>(board, tables, census.white, census.whiteListed, census.blackStrong, &white) +
-         SideTerms<-1>(board, tables, census.black, census.blackListed, census.whiteStrong, &black);
+// The noise of the easier levels. Both numbers are drawn at every level, so
+// that the sequence of random numbers does not depend on the level.
+QV_INLINE_COUNT int WithNoise(Game& g, int score) {
+  const double r1 = g.Rnd(), r2 = g.Rnd();
+  if (g.NoiseRange == 0) return score;
+  return ToInt32(score + std::floor(r1 * g.NoiseRange) - std::floor(r2 * g.NoiseRange));
 }
 
 template <FastKind K>
-int EvaluateFast(Game& g, int alpha, int beta, int side) {
+QV_INLINE_COUNT int EvaluateFast(Game& g, int alpha, int beta, int side) {
   g.RuleLossPending = 0;
-  const int* board = g.Board.Cells;
-  Census census;
-  TakeCensus(board, census);
+  const PositionKeyWords pieces = PositionKeyOf(g.Board);
 
   // A side without pieces has lost.
-  const int own = side == 1 ? census.whiteCount : census.blackCount;
-  const int other = side == 1 ? census.blackCount : census.whiteCount;
-  if (own <= 0) g.RuleLossPending = 1;
-  if (other <= 0) return GoalWinScore - g.Ply;
+  if ((side == 1 ? pieces.White() : pieces.Black()) == 0) g.RuleLossPending = 1;
+  if ((side == 1 ? pieces.Black() : pieces.White()) == 0) return GoalWinScore - g.Ply;
 
   const int m = g.MaterialByPly[g.Ply];
   if (m < alpha - g.LazyMargin || m > beta + g.LazyMargin) return m;
   if (g.LineDrawn != 0) return 0;
 
   const FastEvalTables& tables = TablesFor<K>(g);
-  int p = PieceTerms(g, tables, census);
+  const bool masks = tables.MasksUsable == 1;
+  int p = masks ? PieceTermsFromMasks(tables, pieces) : PieceTermsByWalk(g, tables, pieces);
 
   // Repetition: any earlier position with the same pieces is a draw.
-  const PositionKeyWords positionKey = PositionKeyOf(g.Board);
   for (int i = g.HalfMoveCount - 2; i >= 0; --i)
-    if (g.Record.PositionHistory[i] == positionKey) return 0;
-  if (g.HalfMoveCount != 0) g.Record.PositionHistory[g.HalfMoveCount - 1] = positionKey;
+    if (g.Record.PositionHistory[i] == pieces) return 0;
+  if (g.HalfMoveCount != 0) g.Record.PositionHistory[g.HalfMoveCount - 1] = pieces;
 
-  for (int c = 0; c < 2; ++c) {
-    if ((c == 0 ? census.whiteMen : census.blackMen) <= (c == 0 ? g.ManThresholdWhite : g.ManThresholdBlack)) continue;
-    p += tables.LinesUsable == 1 ? BackRankFromLines(board, tables, c) : BackRankFast(g, c);
-  }
+  if (CountOf(pieces.WhiteMen) > g.ManThresholdWhite) p += masks ? BackRankFromMasks(tables, 0, pieces) : BackRankByWalk(g, 0);
+  if (CountOf(pieces.BlackMen) > g.ManThresholdBlack) p += masks ? BackRankFromMasks(tables, 1, pieces) : BackRankByWalk(g, 1);
   if (side == -1) p = -p;
-
-  const double r1 = g.Rnd(), r2 = g.Rnd();
-  return ToInt32(m + p + std::floor(r1 * g.NoiseRange) - std::floor(r2 * g.NoiseRange));
+  return WithNoise(g, m + p);
 }
 
 }  // namespace
 
-int EvaluateShort(Game& g, int alpha, int beta, int side) { return EvaluateFast<FastKind::Short>(g, alpha, beta, side); }
-int EvaluateShortMirror(Game& g, int alpha, int beta, int side) {
+QV_COUNTING_CLONES int EvaluateShort(Game& g, int alpha, int beta, int side) {
+  return EvaluateFast<FastKind::Short>(g, alpha, beta, side);
+}
+QV_COUNTING_CLONES int EvaluateShortMirror(Game& g, int alpha, int beta, int side) {
   return EvaluateFast<FastKind::ShortMirror>(g, alpha, beta, side);
 }
-int EvaluateLong(Game& g, int alpha, int beta, int side) { return EvaluateFast<FastKind::Long>(g, alpha, beta, side); }
+QV_COUNTING_CLONES int EvaluateLong(Game& g, int alpha, int beta, int side) {
+  return EvaluateFast<FastKind::Long>(g, alpha, beta, side);
+}
 
 }  // namespace qv
