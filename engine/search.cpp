@@ -1,5 +1,6 @@
 #include "engine/search.h"
 
+#include "core/fastgen.h"
 #include "core/makemove.h"
 #include "core/movegen.h"
 #include "core/searchgen.h"
@@ -27,6 +28,16 @@ struct Member {
     else if constexpr (M == SearchMember::Fast3) GenerateLongMaxCap(g, includeQuiet);
     else if constexpr (M == SearchMember::Fast4) GenerateLongCrown(g, includeQuiet);
     else GenerateMoves(g, includeQuiet);
+  }
+
+  // The moves of a node above the frontier: the captures, and only when
+  // there are none the quiet moves, as the two calls of Generate give them.
+  static void GenerateAll(Game& g) {
+    if constexpr (M == SearchMember::Fast1) FastGenerate<1>(g, 0, true);
+    else if constexpr (M == SearchMember::Fast2) FastGenerate<2>(g, 0, true);
+    else if constexpr (M == SearchMember::Fast3) FastGenerate<3>(g, 0, true);
+    else if constexpr (M == SearchMember::Fast4) FastGenerate<4>(g, 0, true);
+    else GenerateLegalMoves(g);
   }
 
   static int Evaluate(Game& g, int alpha, int beta) {
@@ -79,8 +90,7 @@ int Node(Game& g, int alpha, int beta, int depth) {
 
   int best;
   if (depth > 0) {
-    Self::Generate(g, 0);
-    if (g.PlyBase[ply + 1] <= g.PlyBase[ply]) Self::Generate(g, 1);
+    Self::GenerateAll(g);
     best = -32000;
     if (g.PlyBase[ply + 1] <= g.PlyBase[ply]) {
       const int noMove = Self::NoMoveValue(g, ply);
