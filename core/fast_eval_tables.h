@@ -18,14 +18,6 @@ struct SquareSum {
   Mask Plane[MaxPlanes]{};
 };
 
-// The lines behind crowning squares that take the same two steps: from each
-// square of Crowns one step in direction First (an index of
-// DiagonalCellStep), then one in direction Second.
-struct CrownLines {
-  int First = 0, Second = 0;
-  Mask Crowns = 0;
-};
-
 struct FastEvalTables {
   int Built = 0;
   int Kind = -1;
@@ -33,12 +25,13 @@ struct FastEvalTables {
   int StepKey[4][9]{};
   int PieceSquare[5][120]{};     // by piece value + 2
   SquareSum PieceSquareSum[5];   // the same, for sums over masks
-  // 1 when pieces move by single diagonal steps and every crowning line is
-  // one of CrownLines: the terms are then counted on masks. 0: the board is
-  // walked square by square.
+  // 1 when men step diagonally forward and kings diagonally all ways and
+  // every line behind a crowning square is one of Crowns: the terms are
+  // then counted on masks. 0: the board is walked square by square.
   int MasksUsable = 0;
-  int LineGroups[2]{};
-  CrownLines Lines[2][16]{};
+  // The crowning squares of list c with a line behind them that takes the
+  // other colour's man step a, then its step b.
+  Mask Crowns[2][2][2]{};
 };
 
 }  // namespace qv

@@ -209,24 +209,28 @@ int BackRankByWalk(const Game& g, int c) {
 
 // The back-rank term of list c on masks: a crowning square and the two
 // squares of a line behind it, empty, favour side c; three men of one colour
-// on a straight line count for their side.
-QV_INLINE_COUNT int BackRankFromMasks(const FastEvalTables& t, int c, const PositionKeyWords& k) {
+// on a straight line count for their side. The other colour's men step in
+// directions First and First + 1.
+template <int C>
+QV_INLINE_COUNT int BackRankFromMasks(const FastEvalTables& t, const PositionKeyWords& k) {
+  constexpr int First = C == 0 ? 2 : 0;
+  constexpr int open = 20 - 40 * C, wide = 30 - 60 * C;
   const Mask empty = ~(k.White() | k.Black());
-  const int open = 20 - 40 * c, wide = 30 - 60 * c;
+  const Mask emptyAfter[2] = {Toward(empty, First), Toward(empty, First + 1)};
+  const Mask whiteAfter[2] = {Toward(k.WhiteMen, First), Toward(k.WhiteMen, First + 1)};
+  const Mask blackAfter[2] = {Toward(k.BlackMen, First), Toward(k.BlackMen, First + 1)};
   int p = 0;
-  for (int i = 0; i < t.LineGroups[c]; ++i) {
-    const CrownLines& line = t.Lines[c][i];
-    const Mask openCrowns = line.Crowns & empty;
-    const Mask firstEmpty = Toward(empty, line.First);
-    const Mask secondEmpty = Toward(Toward(empty, line.Second), line.First);
-    p += wide * CountOf(openCrowns & firstEmpty & secondEmpty) + open * CountOf(openCrowns & (firstEmpty | secondEmpty));
-    if (line.First == line.Second) {
-      const Mask white = k.WhiteMen, black = k.BlackMen;
-      const int d = line.First;
-      p += 30 * (CountOf(line.Crowns & white & Toward(white, d) & Toward(Toward(white, d), d)) -
-                 CountOf(line.Crowns & black & Toward(black, d) & Toward(Toward(black, d), d)));
+  for (int a = 0; a < 2; ++a)
+    for (int b = 0; b < 2; ++b) {
+      const Mask crowns = t.Crowns[C][a][b];
+      const Mask secondEmpty = Toward(emptyAfter[b], First + a);
+      const Mask openCrowns = crowns & empty;
+      p += wide * CountOf(openCrowns & emptyAfter[a] & secondEmpty) +
+           open * CountOf(openCrowns & (emptyAfter[a] | secondEmpty));
+      if (a == b)
+        p += 30 * (CountOf(crowns & k.WhiteMen & whiteAfter[a] & Toward(whiteAfter[a], First + a)) -
+                   CountOf(crowns & k.BlackMen & blackAfter[a] & Toward(blackAfter[a], First + a)));
     }
-  }
   return p;
 }
 
@@ -243,38 +247,28 @@ bool DiagonalSteps(const DirectionTable& table) {
   return true;
 }
 
-int DiagonalIndex(int step) { return static_cast<int>(std::find(DiagonalCellStep, DiagonalCellStep + 4, step) - DiagonalCellStep); }
-
-// The lines behind the crowning squares of list c, grouped by their two
-// steps, as BackRankByWalk meets them; false when the masks cannot count
-// them (a square outside the board's cells, a crowning square listed twice).
-// The men's steps are diagonal.
+// The lines behind the crowning squares of list c, as BackRankByWalk meets
+// them, as masks of crowning squares by the pair of steps they take; false
+// when the masks cannot count them (a square outside the board's cells, a
+// crowning square listed twice). The men's steps are the diagonal pair.
 bool BuildCrownLines(const Game& g, int c, FastEvalTables& t) {
   const int* list = g.RuleSet.PromoSquares.Cells[c].Cells;
   const int* steps = g.DirTable.Cells[c == 0 ? KindBlackMan : KindWhiteMan].Cells;
-  int count = 0;
-  while (count < 8 && steps[count] != EndOfList) ++count;
-  t.LineGroups[c] = 0;
+  for (auto& row : t.Crowns[c])
+    for (Mask& crowns : row) crowns = 0;
   for (int i = 0; i < 4; ++i) {
     const int s = list[i];
     if (s == -1) continue;
     if (s < 0 || s >= 120) return false;
-    for (int a = 0; a < count; ++a) {
+    for (int a = 0; a < 2; ++a) {
       const int m = s + steps[a];
       if (m < 0 || m >= 120) return false;
       if (g.Board.Cells[m] == OffBoard) break;  // the frame never changes
       if (IsFrameCell(s)) continue;              // a frame cell is never empty nor a man
-      for (int b = 0; b < count; ++b) {
-        if (steps[a] + steps[b] == 0) continue;
-        const int first = DiagonalIndex(steps[a]), second = DiagonalIndex(steps[b]);
-        CrownLines* group = std::find_if(t.Lines[c], t.Lines[c] + t.LineGroups[c], [&](const CrownLines& l) {
-          return l.First == first && l.Second == second;
-        });
-        if (group == t.Lines[c] + t.LineGroups[c]) *group = CrownLines{first, second, 0}, ++t.LineGroups[c];
-        const int row = Row(s) - 2, column = Column(s) - 1;
-        const Mask bit = BitOf(row * 8 + column);
-        if ((group->Crowns & bit) != 0) return false;
-        group->Crowns |= bit;
+      const Mask bit = BitOf((Row(s) - 2) * 8 + Column(s) - 1);
+      for (int b = 0; b < 2; ++b) {
+        if ((t.Crowns[c][a][b] & bit) != 0) return false;
+        t.Crowns[c][a][b] |= bit;
       }
     }
   }
@@ -332,11 +326,10 @@ int SquareTerms(const Game& g, int s, int v) {
 bool TablesMatch(const Game& g, int kind) {
   const FastEvalTables& t = g.FastEval;
   if (t.Built != 1 || t.Kind != kind) return false;
-  for (int c = 0; c < 2; ++c)
-    if (std::memcmp(t.PromoKey[c], g.RuleSet.PromoSquares.Cells[c].Cells, sizeof t.PromoKey[c]) != 0) return false;
-  for (int k = 0; k < 4; ++k)
-    if (std::memcmp(t.StepKey[k], g.DirTable.Cells[k].Cells, sizeof t.StepKey[k]) != 0) return false;
-  return true;
+  static_assert(sizeof t.StepKey == 4 * sizeof(DirectionRow), "four rows of the direction table, one after another");
+  return std::memcmp(t.PromoKey[0], g.RuleSet.PromoSquares.Cells[0].Cells, sizeof t.PromoKey[0]) == 0 &&
+         std::memcmp(t.PromoKey[1], g.RuleSet.PromoSquares.Cells[1].Cells, sizeof t.PromoKey[1]) == 0 &&
+         std::memcmp(t.StepKey, g.DirTable.Cells, sizeof t.StepKey) == 0;
 }
 
 template <FastKind K>
@@ -389,8 +382,8 @@ QV_INLINE_COUNT int EvaluateFast(Game& g, int alpha, int beta, int side) {
     if (g.Record.PositionHistory[i] == pieces) return 0;
   if (g.HalfMoveCount != 0) g.Record.PositionHistory[g.HalfMoveCount - 1] = pieces;
 
-  if (CountOf(pieces.WhiteMen) > g.ManThresholdWhite) p += masks ? BackRankFromMasks(tables, 0, pieces) : BackRankByWalk(g, 0);
-  if (CountOf(pieces.BlackMen) > g.ManThresholdBlack) p += masks ? BackRankFromMasks(tables, 1, pieces) : BackRankByWalk(g, 1);
+  if (CountOf(pieces.WhiteMen) > g.ManThresholdWhite) p += masks ? BackRankFromMasks<0>(tables, pieces) : BackRankByWalk(g, 0);
+  if (CountOf(pieces.BlackMen) > g.ManThresholdBlack) p += masks ? BackRankFromMasks<1>(tables, pieces) : BackRankByWalk(g, 1);
   if (side == -1) p = -p;
   return WithNoise(g, m + p);
 }
