@@ -9,7 +9,6 @@
 #include <array>
 #include <climits>
 #include <cmath>
-#include <cstring>
 #include <numeric>
 
 #include "core/mask_count.h"
@@ -322,23 +321,29 @@ int SquareTerms(const Game& g, int s, int v) {
   return sg * term;
 }
 
+// True when two blocks of ints hold the same values. The loop has no early
+// exit, so that it runs as a few wide compares.
+template <std::size_t N>
+QV_INLINE_COUNT bool SameInts(const int* a, const int* b) {
+  int difference = 0;
+  for (std::size_t i = 0; i < N; ++i) difference |= a[i] ^ b[i];
+  return difference == 0;
+}
+
 // Whether the tables were built for these rules and this evaluation.
-bool TablesMatch(const Game& g, int kind) {
+QV_INLINE_COUNT bool TablesMatch(const Game& g, int kind) {
   const FastEvalTables& t = g.FastEval;
-  if (t.Built != 1 || t.Kind != kind) return false;
   static_assert(sizeof t.StepKey == 4 * sizeof(DirectionRow), "four rows of the direction table, one after another");
-  return std::memcmp(t.PromoKey[0], g.RuleSet.PromoSquares.Cells[0].Cells, sizeof t.PromoKey[0]) == 0 &&
-         std::memcmp(t.PromoKey[1], g.RuleSet.PromoSquares.Cells[1].Cells, sizeof t.PromoKey[1]) == 0 &&
-         std::memcmp(t.StepKey, g.DirTable.Cells, sizeof t.StepKey) == 0;
+  return t.Built == 1 && t.Kind == kind && SameInts<4>(t.PromoKey[0], g.RuleSet.PromoSquares.Cells[0].Cells) &&
+         SameInts<4>(t.PromoKey[1], g.RuleSet.PromoSquares.Cells[1].Cells) &&
+         SameInts<4 * 9>(t.StepKey[0], g.DirTable.Cells[0].Cells);
 }
 
 template <FastKind K>
-const FastEvalTables& TablesFor(Game& g) {
-  constexpr int kind = static_cast<int>(K);
-  if (TablesMatch(g, kind)) return g.FastEval;
+const FastEvalTables& BuildTables(Game& g) {
   FastEvalTables& t = g.FastEval;
   t.Built = 1;
-  t.Kind = kind;
+  t.Kind = static_cast<int>(K);
   for (int c = 0; c < 2; ++c)
     for (int e = 0; e < 4; ++e) t.PromoKey[c][e] = g.RuleSet.PromoSquares.Cells[c].Cells[e];
   for (int k = 0; k < 4; ++k)
@@ -350,6 +355,11 @@ const FastEvalTables& TablesFor(Game& g) {
   }
   t.MasksUsable = sums && DiagonalSteps(g.DirTable) && BuildCrownLines(g, 0, t) && BuildCrownLines(g, 1, t) ? 1 : 0;
   return t;
+}
+
+template <FastKind K>
+QV_INLINE_COUNT const FastEvalTables& TablesFor(Game& g) {
+  return TablesMatch(g, static_cast<int>(K)) ? g.FastEval : BuildTables<K>(g);
 }
 
 // The noise of the easier levels. Both numbers are drawn at every level, so
