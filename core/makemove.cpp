@@ -38,26 +38,19 @@ int CheckedIndex(int index, int size) {
   return index;
 }
 
-}  // namespace
+// A quiet step of a piece from one square to another, the most common move:
+// nothing is captured, dropped or crowned.
+bool IsPlainStep(const MoveRecord& m) {
+  return !m.IsCapture() && m.PromoteFlag == 0 && m.FromSquare != m.ToSquare &&
+         static_cast<unsigned>(m.FromSquare) < static_cast<unsigned>(BoardCells::size()) &&
+         static_cast<unsigned>(m.ToSquare) < static_cast<unsigned>(BoardCells::size());
+}
 
-void MakeSearchMove(Game& g, int index) {
-  const MoveRecord& m = g.MoveStack[index];
+// What a move does beyond a plain step: the captured pieces leave the board,
+// a king that captured may turn back into a man, a piece may be dropped in,
+// and a man may be crowned. h is the move's record index, p its ply.
+void ApplyCapturesAndCrowning(Game& g, const MoveRecord& m, int h, int p) {
   const int from = m.FromSquare, to = m.ToSquare;
-  ++g.HalfMoveCount;
-  // h indexes the record tables, p and p - 1 the per-ply tables: each is
-  // checked once here.
-  const int h = CheckedIndex(g.HalfMoveCount, RecordSize);
-  g.Record.LastToByMove.Cells[h] = to;
-  ++g.Ply;
-  const int p = CheckedIndex(g.Ply, PlyRows);
-  CheckedIndex(p - 1, PlyRows);
-  g.PrevToSquare.Cells[p] = to;
-  g.CaptureFlagByPly.Cells[p] = 0;
-  g.Record.KingManMark.Cells[h] = 0;
-  g.Record.ManKingCell.Cells[h] = 0;
-  g.MaterialByPly.Cells[p] = -g.MaterialByPly.Cells[p - 1];
-  g.ActivityByPly.Cells[p] = g.ActivityByPly.Cells[p - 1];
-
   bool moved = false;
   if (m.IsCapture()) {
     g.CaptureFlagByPly[p] = 1;
@@ -98,6 +91,34 @@ void MakeSearchMove(Game& g, int index) {
       g.Board[to] = -g.Board[to];
       g.MaterialByPly[p] += 200;
     }
+  }
+}
+
+}  // namespace
+
+void MakeSearchMove(Game& g, int index) {
+  const MoveRecord& m = g.MoveStack[index];
+  const int from = m.FromSquare, to = m.ToSquare;
+  ++g.HalfMoveCount;
+  // h indexes the record tables, p and p - 1 the per-ply tables: each is
+  // checked once here.
+  const int h = CheckedIndex(g.HalfMoveCount, RecordSize);
+  g.Record.LastToByMove.Cells[h] = to;
+  ++g.Ply;
+  const int p = CheckedIndex(g.Ply, PlyRows);
+  CheckedIndex(p - 1, PlyRows);
+  g.PrevToSquare.Cells[p] = to;
+  g.CaptureFlagByPly.Cells[p] = 0;
+  g.Record.KingManMark.Cells[h] = 0;
+  g.Record.ManKingCell.Cells[h] = 0;
+  g.MaterialByPly.Cells[p] = -g.MaterialByPly.Cells[p - 1];
+  g.ActivityByPly.Cells[p] = g.ActivityByPly.Cells[p - 1];
+
+  if (IsPlainStep(m)) {
+    g.Board.Cells[to] = g.Board.Cells[from];
+    g.Board.Cells[from] = 0;
+  } else {
+    ApplyCapturesAndCrowning(g, m, h, p);
   }
   g.SideToMove = -g.SideToMove;
   if (g.RuleSet.ManKing == 1) {

@@ -195,15 +195,21 @@ int QuickScore(Game& g) {
 }
 
 int SelectNextMove(Game& g) {
+  const int first = g.PlyBase[g.Ply], last = g.PlyBase[g.Ply + 1];
+  if (first >= last) return -1;
+  // The range is checked once; the scan then reads the stack directly.
+  if (first < 0) RaiseRangeError(first, MoveStackSize);
+  if (last > MoveStackSize) RaiseRangeError(MoveStackSize, MoveStackSize);
+  MoveRecord* moves = g.MoveStack.Cells;
   int best = -1, bestScore = Used;
-  for (int i = g.PlyBase[g.Ply], last = g.PlyBase[g.Ply + 1]; i < last; ++i) {
-    const int score = g.MoveStack[i].OrderScore;
+  for (int i = first; i < last; ++i) {
+    const int score = moves[i].OrderScore;
     if (score > bestScore) {
       bestScore = score;
       best = i;
     }
   }
-  if (best >= 0) g.MoveStack[best].OrderScore = Used;
+  if (best >= 0) moves[best].OrderScore = Used;
   return best;
 }
 
