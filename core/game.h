@@ -8,6 +8,7 @@
 #include <string>
 
 #include "core/board.h"
+#include "core/general_eval_tables.h"
 #include "core/generator_work.h"
 #include "core/options.h"
 #include "core/pdntags.h"
@@ -218,6 +219,7 @@ struct Game {
   Table<Table<int, 2>, 120> PromoApproach;
   Table<Table<int, 2>, 120> PromoReach;
   FastEvalTables FastEval;
+  GeneralEvalTables GeneralEval;
   int RuleLossPending = 0;
   int NoiseRange = 0;
   int BackRankActive = 1;

@@ -1,0 +1,49 @@
+#pragma once
+// What the general evaluation derives from the rules, the direction table and
+// the promotion tables, so that a call walks only the occupied squares. The
+// tables keep a copy of everything they were built from and are built again
+// whenever any of it differs (see engine/evaluate_tables.cpp).
+#include "core/board.h"
+#include "core/rules.h"
+
+namespace qv {
+
+// The cells of the board's rows 2 to 9, frame columns included: the cells
+// whose promotion-table entries the evaluation reads.
+inline constexpr int FirstSquareCell = 21, SquareCellSpan = 78;
+
+struct GeneralEvalKey {
+  int PiecesOnBlack = 0, LongKings = 0, ManCapKing = 0, WinAtPromo = 0, HasUnreachableSquares = 0;
+  int Promo[2][PromoSlots]{};
+  int Steps[4][9]{};  // DirTable rows 0..3, the quiet steps of the four piece kinds
+  int Approach[SquareCellSpan][2]{};
+  int Reach[SquareCellSpan][2]{};
+};
+
+struct GeneralEvalTables {
+  int Built = 0;
+  GeneralEvalKey From;
+  // 0 when the direction table has a step list the tables cannot hold; the
+  // evaluation then reads every square as before.
+  int Usable = 0;
+  // By [ww - 1][wb - 1] (the weights of the crowning-approach terms): the
+  // empty-square terms of the whole board, and by piece kind and square bit
+  // a piece's own terms less the empty-square term its square no longer has.
+  int EmptyTotal[2][2]{};
+  int PieceSquare[2][2][4][64]{};
+  // The quiet steps by which SupportCount looks behind a piece of side
+  // [0] White, [1] Black.
+  int ManSteps[2][8]{}, KingSteps[2][8]{};
+  int ManStepCount[2]{}, KingStepCount[2]{};
+  // The lines behind each list's crowning squares that the back-rank term
+  // reads; LinesUsable 0 when they do not fit, and the term walks the lists.
+  struct Line {
+    int s, m, t, straight;
+  };
+  static constexpr int MaxLines = 96;
+  int LinesUsable = 0;
+  int LineCount[2]{};
+  Line Lines[2][MaxLines]{};
+};
+
+}  // namespace qv

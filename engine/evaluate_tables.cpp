@@ -1,0 +1,130 @@
+// The tables of the general evaluation: built from the rules, the direction
+// table and the promotion tables, and kept with a copy of all of it so that a
+// change to any of them, however it is made, builds them again.
+#include <cstdlib>
+#include <cstring>
+
+#include "core/board_masks.h"
+#include "engine/evaluate_general.h"
+
+namespace qv::general {
+
+namespace {
+
+GeneralEvalKey KeyOf(const Game& g) {
+  GeneralEvalKey key;
+  const RuleRecord& r = g.RuleSet;
+  key.PiecesOnBlack = r.PiecesOnBlack;
+  key.LongKings = r.LongKings;
+  key.ManCapKing = r.ManCapKing;
+  key.WinAtPromo = r.WinAtPromo;
+  key.HasUnreachableSquares = g.Flags.HasUnreachableSquares;
+  std::memcpy(key.Promo, r.PromoSquares.Cells, sizeof key.Promo);
+  std::memcpy(key.Steps, g.DirTable.Cells, sizeof key.Steps);
+  std::memcpy(key.Approach, g.PromoApproach.Cells + FirstSquareCell, sizeof key.Approach);
+  std::memcpy(key.Reach, g.PromoReach.Cells + FirstSquareCell, sizeof key.Reach);
+  return key;
+}
+
+bool KeyMatches(const Game& g, const GeneralEvalKey& key) {
+  const RuleRecord& r = g.RuleSet;
+  return key.PiecesOnBlack == r.PiecesOnBlack && key.LongKings == r.LongKings && key.ManCapKing == r.ManCapKing &&
+         key.WinAtPromo == r.WinAtPromo && key.HasUnreachableSquares == g.Flags.HasUnreachableSquares &&
+         std::memcmp(key.Promo, r.PromoSquares.Cells, sizeof key.Promo) == 0 &&
+         std::memcmp(key.Steps, g.DirTable.Cells, sizeof key.Steps) == 0 &&
+         std::memcmp(key.Approach, g.PromoApproach.Cells + FirstSquareCell, sizeof key.Approach) == 0 &&
+         std::memcmp(key.Reach, g.PromoReach.Cells + FirstSquareCell, sizeof key.Reach) == 0;
+}
+
+// A step list copied, false when it has no end within its row or a step
+// that could look beyond the 120 cells from a square.
+bool CopySteps(const int (&row)[9], int (&steps)[8], int& count) {
+  count = 0;
+  while (count < 9 && row[count] != EndOfList) {
+    if (count == 8 || std::abs(row[count]) > 21) return false;
+    steps[count] = row[count];
+    ++count;
+  }
+  return count < 9;
+}
+
+// The empty-square term of square s with the weights ww and wb.
+int EmptyTerm(const Game& g, int s, int ww, int wb) {
+  const int w = g.PromoApproach[s][0], bl = g.PromoApproach[s][1];
+  return (ww == 2 ? w : w / 2) + (wb == 2 ? bl : bl / 2);
+}
+
+void BuildSquareTables(const Game& g, GeneralEvalTables& t) {
+  static constexpr int values[4] = {WhiteMan, BlackMan, WhiteKing, BlackKing};  // by PieceKind
+  for (int ww = 1; ww <= 2; ++ww)
+    for (int wb = 1; wb <= 2; ++wb) {
+      int total = 0;
+      for (int bit = 0; bit < 64; ++bit) {
+        const int s = CellOfBit(bit), empty = EmptyTerm(g, s, ww, wb);
+        total += empty;
+        for (int kind = 0; kind < 4; ++kind) {
+          const int v = values[kind], c = v > 0 ? 0 : 1;
+          const int approach = (v > 0 ? ww : wb) * g.PromoApproach[s][c];
+          t.PieceSquare[ww - 1][wb - 1][kind][bit] = approach + SquareTerms(g, s, v) - empty;
+        }
+      }
+      t.EmptyTotal[ww - 1][wb - 1] = total;
+    }
+}
+
+// The lines behind the crowning squares of list c, as BackRank walks them;
+// false when they do not fit or the walk would leave the 120 cells, which
+// BackRank itself must then meet. A frame cell always holds OffBoard and a
+// square never does on the boards the tables serve, so where the walk stops
+// is known without the board.
+bool BuildLines(const Game& g, int c, GeneralEvalTables& t) {
+  const int* list = g.RuleSet.PromoSquares.Cells[c].Cells;
+  const int* steps = g.DirTable.Cells[c == 0 ? KindBlackMan : KindWhiteMan].Cells;
+  int count = 0;
+  while (count < 9 && steps[count] != EndOfList) ++count;
+  if (count == 9) return false;
+  t.LineCount[c] = 0;
+  for (int i = 0; i < PromoSlots; ++i) {
+    const int s = list[i];
+    if (s == -1) break;
+    if (s < 0 || s >= 120) return false;
+    for (int a = 0; a < count; ++a) {
+      const int d1 = steps[a], m = s + d1;
+      if (std::abs(d1) == 1) break;
+      if (m < 0 || m >= 120) return false;
+      if (IsFrameCell(m)) break;
+      for (int b = 0; b < count; ++b) {
+        const int d2 = steps[b], end = m + d2;
+        if (d1 + d2 == 0 || end < 0 || end >= 120) continue;
+        if (t.LineCount[c] == GeneralEvalTables::MaxLines) return false;
+        t.Lines[c][t.LineCount[c]++] = {s, m, end, d1 == d2 ? 1 : 0};
+      }
+    }
+  }
+  return true;
+}
+
+void Build(const Game& g, GeneralEvalTables& t) {
+  t.Built = 1;
+  t.From = KeyOf(g);
+  t.Usable = 1;
+  for (int side = 0; side < 2; ++side) {
+    const bool men = CopySteps(g.DirTable.Cells[side == 0 ? KindWhiteMan : KindBlackMan].Cells, t.ManSteps[side],
+                               t.ManStepCount[side]);
+    const bool kings = CopySteps(g.DirTable.Cells[side == 0 ? KindWhiteKing : KindBlackKing].Cells,
+                                 t.KingSteps[side], t.KingStepCount[side]);
+    if (!men || !kings) t.Usable = 0;
+  }
+  if (t.Usable == 1) BuildSquareTables(g, t);
+  t.LinesUsable = BuildLines(g, 0, t) && BuildLines(g, 1, t) ? 1 : 0;
+}
+
+}  // namespace
+
+const GeneralEvalTables& TablesFor(Game& g) {
+  GeneralEvalTables& t = g.GeneralEval;
+  if (t.Built != 1 || !KeyMatches(g, t.From)) Build(g, t);
+  return t;
+}
+
+}  // namespace qv::general
