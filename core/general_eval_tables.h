@@ -3,6 +3,8 @@
 // the promotion tables, so that a call walks only the occupied squares. The
 // tables keep a copy of everything they were built from and are built again
 // whenever any of it differs (see engine/evaluate_tables.cpp).
+#include <cstdint>
+
 #include "core/board.h"
 #include "core/rules.h"
 
@@ -32,18 +34,31 @@ struct GeneralEvalTables {
   int EmptyTotal[2][2]{};
   int PieceSquare[2][2][4][64]{};
   // The quiet steps by which SupportCount looks behind a piece of side
-  // [0] White, [1] Black.
-  int ManSteps[2][8]{}, KingSteps[2][8]{};
-  int ManStepCount[2]{}, KingStepCount[2]{};
+  // [0] White, [1] Black, first the men's and then the kings', as moves of
+  // the square masks: a step's own pieces From, moved by Shift bits, land on
+  // the squares they stand behind.
+  struct SupportStep {
+    int Shift;
+    std::uint64_t From;
+  };
+  SupportStep Support[2][16]{};
+  int ManStepCount[2]{}, StepCount[2]{};
   // The lines behind each list's crowning squares that the back-rank term
-  // reads; LinesUsable 0 when they do not fit, and the term walks the lists.
+  // reads: from crowning square S one step to M and one more to T. Every
+  // line counts while S is empty, the straight ones while S holds a man.
+  // LinesUsable 0 when they do not fit, and the term walks the lists.
   struct Line {
-    int s, m, t, straight;
+    int m, t;
+  };
+  struct Crown {
+    int s, lineEnd, straightEnd;  // lines and straight lines up to these ends
   };
   static constexpr int MaxLines = 96;
   int LinesUsable = 0;
-  int LineCount[2]{};
+  int CrownCount[2]{};
+  Crown Crowns[2][PromoSlots]{};
   Line Lines[2][MaxLines]{};
+  Line Straight[2][MaxLines]{};
 };
 
 }  // namespace qv

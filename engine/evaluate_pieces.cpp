@@ -51,38 +51,63 @@ int SumOf(const int* table, Mask m) {
   return p;
 }
 
-// 1, plus 2 for each own man or king one of its own steps behind the square;
-// the steps never reach past the 120 cells from a square (see the tables).
-template <int Side>
-int Support(const int* board, int s, const GeneralEvalTables& t) {
-  constexpr int c = Side == 1 ? 0 : 1;
-  int count = 1;
-  for (int i = 0; i < t.ManStepCount[c]; ++i) count += 2 * (board[s - t.ManSteps[c][i]] == Side);
-  for (int i = 0; i < t.KingStepCount[c]; ++i) count += 2 * (board[s - t.KingSteps[c][i]] == 2 * Side);
-  return count;
+// The weight of a piece's support by its distance D from the strongest enemy
+// piece: 15 - D for a man, (15 - D) / 3 for a king. By the strongest piece's
+// square bit, or 64 when the enemy has no piece (cell 0), and the piece's bit.
+struct TropismWeights {
+  signed char man[65][64]{}, king[65][64]{};
+  constexpr TropismWeights() {
+    for (int from = 0; from <= 64; ++from)
+      for (int bit = 0; bit < 64; ++bit) {
+        const int cell = CellOfBit(bit), other = from == 64 ? 0 : CellOfBit(from);
+        const int rows = cell / 10 - other / 10, columns = cell % 10 - other % 10;
+        const int reach = 15 - (rows < 0 ? -rows : rows) - (columns < 0 ? -columns : columns);
+        man[from][bit] = static_cast<signed char>(reach);
+        king[from][bit] = static_cast<signed char>(reach / 3);
+      }
+  }
+};
+constexpr TropismWeights Weights;
+
+int BitOfCell(int cell) { return cell == 0 ? 64 : (cell / 10 - 2) * 8 + cell % 10 - 1; }
+
+int WeightOf(Mask m, const signed char* weight) {
+  int p = 0;
+  for (; m != 0; m &= m - 1) p += weight[std::countr_zero(m)];
+  return p;
 }
 
-// The support of each piece of one side weighed by its distance D from the
-// strongest enemy piece: (15 - D) for a man, (15 - D) / 3 for a king. The
-// sum is White's view for White's pieces and Black's for Black's.
-template <int Side>
-int Tropism(const int* board, const GeneralEvalTables& t, Mask men, Mask kings, int strong) {
-  const int strongRow = strong / 10, strongColumn = strong % 10;
-  const auto reach = [&](int bit) {
-    const int row = (bit >> 3) + 2, column = (bit & 7) + 1;
-    const int rows = row > strongRow ? row - strongRow : strongRow - row;
-    const int columns = column > strongColumn ? column - strongColumn : strongColumn - column;
-    return 15 - rows - columns;
-  };
-  int p = 0;
-  for (; men != 0; men &= men - 1) {
-    const int bit = std::countr_zero(men);
-    p += Support<Side>(board, CellOfBit(bit), t) * reach(bit);
+// The squares by how many of side's own pieces stand one of their steps
+// behind them, in binary: bit b of plane i is bit i of square b's count.
+struct SupportPlanes {
+  Mask plane[5]{};
+  int count = 0;
+};
+
+SupportPlanes PlanesOf(const GeneralEvalTables& t, int side, Mask men, Mask kings) {
+  SupportPlanes planes;
+  planes.count = std::bit_width(static_cast<unsigned>(t.StepCount[side]));
+  for (int i = 0; i < t.StepCount[side]; ++i) {
+    const GeneralEvalTables::SupportStep& step = t.Support[side][i];
+    Mask carry = ShiftBy((i < t.ManStepCount[side] ? men : kings) & step.From, step.Shift);
+    for (int k = 0; carry != 0 && k < planes.count; ++k) {
+      const Mask next = planes.plane[k] & carry;
+      planes.plane[k] ^= carry;
+      carry = next;
+    }
   }
-  for (; kings != 0; kings &= kings - 1) {
-    const int bit = std::countr_zero(kings);
-    p += Support<Side>(board, CellOfBit(bit), t) * (reach(bit) / 3);
-  }
+  return planes;
+}
+
+// The sum over one side's pieces of their support (1, plus 2 for each own
+// piece one of its steps behind) times their weight, that side's view.
+int Tropism(const GeneralEvalTables& t, int side, Mask men, Mask kings, int strong) {
+  const SupportPlanes planes = PlanesOf(t, side, men, kings);
+  const signed char* man = Weights.man[BitOfCell(strong)];
+  const signed char* king = Weights.king[BitOfCell(strong)];
+  int p = WeightOf(men, man) + WeightOf(kings, king);
+  for (int k = 0; k < planes.count; ++k)
+    p += (2 << k) * (WeightOf(planes.plane[k] & men, man) + WeightOf(planes.plane[k] & kings, king));
   return p;
 }
 
@@ -122,21 +147,30 @@ int PieceTerms(const Game& g, const GeneralEvalTables& t, const Census& n, const
   p += SumOf(table[KindWhiteMan], k.WhiteMen) + SumOf(table[KindWhiteKing], k.WhiteKings);
   p += SumOf(table[KindBlackMan], k.BlackMen) + SumOf(table[KindBlackKing], k.BlackKings);
   if (g.Flags.TropismActive == 1) {
-    const int* board = g.Board.Cells;
-    p += Tropism<1>(board, t, k.WhiteMen, k.WhiteKings, n.blackStrong);
-    p -= Tropism<-1>(board, t, k.BlackMen, k.BlackKings, n.whiteStrong);
+    p += Tropism(t, 0, k.WhiteMen, k.WhiteKings, n.blackStrong);
+    p -= Tropism(t, 1, k.BlackMen, k.BlackKings, n.whiteStrong);
   }
   return p + FocusTerm(g);
 }
 
 int BackRankFromLines(const BoardCells& board, const GeneralEvalTables& t, int c) {
   const int open = 20 - 40 * c, wide = 30 - 60 * c;
-  int p = 0;
-  for (int i = 0; i < t.LineCount[c]; ++i) {
-    const GeneralEvalTables::Line& line = t.Lines[c][i];
-    const int p0 = board.Cells[line.s], p1 = board.Cells[line.m], p2 = board.Cells[line.t];
-    if (p0 == 0) p += wide * (p1 == 0 && p2 == 0) + open * (p1 == 0 || p2 == 0);
-    if (line.straight && p0 == p1 && p1 == p2 && (p0 == 1 || p0 == -1)) p += 30 * p0;
+  const int* cells = board.Cells;
+  int p = 0, line = 0, straight = 0;
+  for (int i = 0; i < t.CrownCount[c]; ++i) {
+    const GeneralEvalTables::Crown& crown = t.Crowns[c][i];
+    const int p0 = cells[crown.s];
+    if (p0 == 0) {
+      for (; line < crown.lineEnd; ++line) {
+        const int p1 = cells[t.Lines[c][line].m], p2 = cells[t.Lines[c][line].t];
+        p += wide * (p1 == 0 && p2 == 0) + open * (p1 == 0 || p2 == 0);
+      }
+    } else if (p0 == 1 || p0 == -1) {
+      for (; straight < crown.straightEnd; ++straight)
+        p += 30 * p0 * (cells[t.Straight[c][straight].m] == p0 && cells[t.Straight[c][straight].t] == p0);
+    }
+    line = crown.lineEnd;
+    straight = crown.straightEnd;
   }
   return p;
 }

@@ -36,16 +36,38 @@ bool KeyMatches(const Game& g, const GeneralEvalKey& key) {
          std::memcmp(key.Reach, g.PromoReach.Cells + FirstSquareCell, sizeof key.Reach) == 0;
 }
 
-// A step list copied, false when it has no end within its row or a step
-// that could look beyond the 120 cells from a square.
-bool CopySteps(const int (&row)[9], int (&steps)[8], int& count) {
-  count = 0;
-  while (count < 9 && row[count] != EndOfList) {
-    if (count == 8 || std::abs(row[count]) > 21) return false;
-    steps[count] = row[count];
-    ++count;
+// The squares from which a move of `columns` columns sideways stays in the
+// row, as a mask of every row.
+Mask ColumnsThatStay(int columns) {
+  Mask m = 0;
+  for (int column = 0; column < 8; ++column)
+    if (column + columns >= 0 && column + columns < 8) m |= ColumnA << column;
+  return m;
+}
+
+// One direction row's steps added to side's support steps; false when the
+// row has no end within it or a step the masks cannot follow. A step of up
+// to two rows and two columns leads from a square to another square or into
+// the frame, never round the edge onto a square of another row.
+bool AddSupportSteps(const int (&row)[9], GeneralEvalTables& t, int side) {
+  for (int i = 0; i < 9; ++i) {
+    const int d = row[i];
+    if (d == EndOfList) return true;
+    const int columns = ((d % 10) + 15) % 10 - 5, rows = (d - columns) / 10;
+    if (columns < -2 || columns > 2 || rows < -2 || rows > 2) return false;
+    t.Support[side][t.StepCount[side]++] = {rows * 8 + columns, ColumnsThatStay(columns)};
   }
-  return count < 9;
+  return false;
+}
+
+bool BuildSupportSteps(const Game& g, GeneralEvalTables& t) {
+  for (int side = 0; side < 2; ++side) {
+    t.StepCount[side] = 0;
+    if (!AddSupportSteps(g.DirTable.Cells[side == 0 ? KindWhiteMan : KindBlackMan].Cells, t, side)) return false;
+    t.ManStepCount[side] = t.StepCount[side];
+    if (!AddSupportSteps(g.DirTable.Cells[side == 0 ? KindWhiteKing : KindBlackKing].Cells, t, side)) return false;
+  }
+  return true;
 }
 
 // The empty-square term of square s with the weights ww and wb.
@@ -83,7 +105,8 @@ bool BuildLines(const Game& g, int c, GeneralEvalTables& t) {
   int count = 0;
   while (count < 9 && steps[count] != EndOfList) ++count;
   if (count == 9) return false;
-  t.LineCount[c] = 0;
+  int lines = 0, straight = 0;
+  t.CrownCount[c] = 0;
   for (int i = 0; i < PromoSlots; ++i) {
     const int s = list[i];
     if (s == -1) break;
@@ -96,10 +119,12 @@ bool BuildLines(const Game& g, int c, GeneralEvalTables& t) {
       for (int b = 0; b < count; ++b) {
         const int d2 = steps[b], end = m + d2;
         if (d1 + d2 == 0 || end < 0 || end >= 120) continue;
-        if (t.LineCount[c] == GeneralEvalTables::MaxLines) return false;
-        t.Lines[c][t.LineCount[c]++] = {s, m, end, d1 == d2 ? 1 : 0};
+        if (lines == GeneralEvalTables::MaxLines) return false;
+        t.Lines[c][lines++] = {m, end};
+        if (d1 == d2) t.Straight[c][straight++] = {m, end};
       }
     }
+    t.Crowns[c][t.CrownCount[c]++] = {s, lines, straight};
   }
   return true;
 }
@@ -107,14 +132,7 @@ bool BuildLines(const Game& g, int c, GeneralEvalTables& t) {
 void Build(const Game& g, GeneralEvalTables& t) {
   t.Built = 1;
   t.From = KeyOf(g);
-  t.Usable = 1;
-  for (int side = 0; side < 2; ++side) {
-    const bool men = CopySteps(g.DirTable.Cells[side == 0 ? KindWhiteMan : KindBlackMan].Cells, t.ManSteps[side],
-                               t.ManStepCount[side]);
-    const bool kings = CopySteps(g.DirTable.Cells[side == 0 ? KindWhiteKing : KindBlackKing].Cells,
-                                 t.KingSteps[side], t.KingStepCount[side]);
-    if (!men || !kings) t.Usable = 0;
-  }
+  t.Usable = BuildSupportSteps(g, t) ? 1 : 0;
   if (t.Usable == 1) BuildSquareTables(g, t);
   t.LinesUsable = BuildLines(g, 0, t) && BuildLines(g, 1, t) ? 1 : 0;
 }
