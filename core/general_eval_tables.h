@@ -46,19 +46,32 @@ struct GeneralEvalTables {
   // The lines behind each list's crowning squares that the back-rank term
   // reads: from crowning square S one step to M and one more to T. Every
   // line counts while S is empty, the straight ones while S holds a man.
-  // LinesUsable 0 when they do not fit, and the term walks the lists.
+  // Each crowning square's lines end with an entry whose M is 0 (a frame
+  // cell no line passes). LinesUsable 0 when they do not fit, and the term
+  // walks the lists.
   struct Line {
     int m, t;
   };
   struct Crown {
-    int s, lineEnd, straightEnd;  // lines and straight lines up to these ends
+    int s, lines, straight;  // where its lines and its straight lines begin
   };
-  static constexpr int MaxLines = 96;
+  static constexpr int MaxLines = 128;
   int LinesUsable = 0;
   int CrownCount[2]{};
   Crown Crowns[2][PromoSlots]{};
   Line Lines[2][MaxLines]{};
   Line Straight[2][MaxLines]{};
+  // The squares the lines of each list pass, frame cells left out: their
+  // contents alone decide the list's back-rank term.
+  std::uint64_t Zone[2]{};
+  // Back-rank terms already counted, by the empty squares, White's men and
+  // Black's men of the zone, one slot per hash of the three.
+  struct Counted {
+    std::uint64_t empty, white, black;
+    int value, used;
+  };
+  static constexpr int CountedSlots = 256;
+  Counted BackRankCounted[2][CountedSlots]{};
 };
 
 }  // namespace qv

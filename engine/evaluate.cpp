@@ -60,13 +60,13 @@ bool Repeated(Game& g, const PositionKeyWords& key) {
 }
 
 // The back-rank term of each side that still has more men than its threshold.
-int BackRankTerms(const Game& g, const GeneralEvalTables* tables, const Census& n) {
+int BackRankTerms(const Game& g, GeneralEvalTables* tables, const Census& n, const BoardPieces& pieces) {
   if (g.BackRankActive != 1) return 0;
   const bool byLines = tables && tables->LinesUsable == 1;
   int p = 0;
   for (int c = 0; c < 2; ++c) {
     if ((c == 0 ? n.whiteMen : n.blackMen) <= (c == 0 ? g.ManThresholdWhite : g.ManThresholdBlack)) continue;
-    p += byLines ? general::BackRankFromLines(g.Board, *tables, c) : general::BackRank(g, c);
+    p += byLines ? general::CountedBackRank(g.Board, *tables, pieces, c) : general::BackRank(g, c);
   }
   return p;
 }
@@ -91,10 +91,10 @@ int Evaluate(Game& g, int alpha, int beta, int side) {
   if ((m < alpha - g.LazyMargin || m > beta + g.LazyMargin) && g.ActivityByPly[g.Ply] != 0) return anti ? -m : m;
   if (g.LineDrawn != 0) return 0;
 
-  const GeneralEvalTables* tables = byPieces ? &general::TablesFor(g) : nullptr;
+  GeneralEvalTables* tables = byPieces ? &general::TablesFor(g) : nullptr;
   double p = PositionTerms(g, tables, n, pieces);
   if (Repeated(g, pieces.Key)) return 0;
-  p += BackRankTerms(g, tables, n);
+  p += BackRankTerms(g, tables, n, pieces);
   if (side == -1) p = -p;
 
   const double r1 = g.Rnd(), r2 = g.Rnd();

@@ -45,9 +45,11 @@ int PieceTerms(const Game& g, const GeneralEvalTables& t, const Census& n, const
 // The back-rank term of list c: square by square, and from the tables' lines.
 int BackRank(const Game& g, int c);
 int BackRankFromLines(const BoardCells& board, const GeneralEvalTables& t, int c);
+// The back-rank term from the lines, remembered by the contents of the zone.
+int CountedBackRank(const BoardCells& board, GeneralEvalTables& t, const BoardPieces& pieces, int c);
 
 // The tables for the rules in force, built again when anything they were built
 // from has changed.
-const GeneralEvalTables& TablesFor(Game& g);
+GeneralEvalTables& TablesFor(Game& g);
 
 }  // namespace qv::general

@@ -153,26 +153,35 @@ int PieceTerms(const Game& g, const GeneralEvalTables& t, const Census& n, const
   return p + FocusTerm(g);
 }
 
+// Without a branch on the board: every line is read and counts by what its
+// crowning square holds.
 int BackRankFromLines(const BoardCells& board, const GeneralEvalTables& t, int c) {
   const int open = 20 - 40 * c, wide = 30 - 60 * c;
   const int* cells = board.Cells;
-  int p = 0, line = 0, straight = 0;
+  int p = 0;
   for (int i = 0; i < t.CrownCount[c]; ++i) {
     const GeneralEvalTables::Crown& crown = t.Crowns[c][i];
     const int p0 = cells[crown.s];
-    if (p0 == 0) {
-      for (; line < crown.lineEnd; ++line) {
-        const int p1 = cells[t.Lines[c][line].m], p2 = cells[t.Lines[c][line].t];
-        p += wide * (p1 == 0 && p2 == 0) + open * (p1 == 0 || p2 == 0);
-      }
-    } else if (p0 == 1 || p0 == -1) {
-      for (; straight < crown.straightEnd; ++straight)
-        p += 30 * p0 * (cells[t.Straight[c][straight].m] == p0 && cells[t.Straight[c][straight].t] == p0);
+    int lines = 0, rows = 0;
+    for (const GeneralEvalTables::Line* line = &t.Lines[c][crown.lines]; line->m != 0; ++line) {
+      const int p1 = cells[line->m], p2 = cells[line->t];
+      lines += wide * ((p1 == 0) & (p2 == 0)) + open * ((p1 == 0) | (p2 == 0));
     }
-    line = crown.lineEnd;
-    straight = crown.straightEnd;
+    for (const GeneralEvalTables::Line* line = &t.Straight[c][crown.straight]; line->m != 0; ++line)
+      rows += (cells[line->m] == p0) & (cells[line->t] == p0);
+    p += (p0 == 0) * lines + ((p0 == 1) | (p0 == -1)) * 30 * p0 * rows;
   }
   return p;
+}
+
+int CountedBackRank(const BoardCells& board, GeneralEvalTables& t, const BoardPieces& pieces, int c) {
+  const Mask zone = t.Zone[c];
+  const Mask empty = zone & ~pieces.Occupied, white = zone & pieces.Key.WhiteMen, black = zone & pieces.Key.BlackMen;
+  const Mask hash = (empty * 0x9e3779b97f4a7c15ULL) ^ (white * 0xc2b2ae3d27d4eb4fULL) ^ (black * 0x165667b19e3779f9ULL);
+  GeneralEvalTables::Counted& slot = t.BackRankCounted[c][hash >> 56];
+  if (slot.used == 1 && slot.empty == empty && slot.white == white && slot.black == black) return slot.value;
+  slot = {empty, white, black, BackRankFromLines(board, t, c), 1};
+  return slot.value;
 }
 
 }  // namespace qv::general

@@ -107,10 +107,18 @@ bool BuildLines(const Game& g, int c, GeneralEvalTables& t) {
   if (count == 9) return false;
   int lines = 0, straight = 0;
   t.CrownCount[c] = 0;
+  t.Zone[c] = 0;
+  const auto inZone = [&](int cell) {
+    if (!IsFrameCell(cell)) t.Zone[c] |= BitOf((cell / 10 - 2) * 8 + cell % 10 - 1);
+  };
+  // Room for the lines of one crowning square and the two ends.
+  const auto fits = [&](int used) { return used + count * count + 1 <= GeneralEvalTables::MaxLines; };
   for (int i = 0; i < PromoSlots; ++i) {
     const int s = list[i];
     if (s == -1) break;
-    if (s < 0 || s >= 120) return false;
+    if (s < 0 || s >= 120 || !fits(lines) || !fits(straight)) return false;
+    t.Crowns[c][t.CrownCount[c]++] = {s, lines, straight};
+    inZone(s);
     for (int a = 0; a < count; ++a) {
       const int d1 = steps[a], m = s + d1;
       if (std::abs(d1) == 1) break;
@@ -119,12 +127,14 @@ bool BuildLines(const Game& g, int c, GeneralEvalTables& t) {
       for (int b = 0; b < count; ++b) {
         const int d2 = steps[b], end = m + d2;
         if (d1 + d2 == 0 || end < 0 || end >= 120) continue;
-        if (lines == GeneralEvalTables::MaxLines) return false;
         t.Lines[c][lines++] = {m, end};
+        inZone(m);
+        inZone(end);
         if (d1 == d2) t.Straight[c][straight++] = {m, end};
       }
     }
-    t.Crowns[c][t.CrownCount[c]++] = {s, lines, straight};
+    t.Lines[c][lines++] = {0, 0};
+    t.Straight[c][straight++] = {0, 0};
   }
   return true;
 }
@@ -135,11 +145,13 @@ void Build(const Game& g, GeneralEvalTables& t) {
   t.Usable = BuildSupportSteps(g, t) ? 1 : 0;
   if (t.Usable == 1) BuildSquareTables(g, t);
   t.LinesUsable = BuildLines(g, 0, t) && BuildLines(g, 1, t) ? 1 : 0;
+  for (auto& list : t.BackRankCounted)
+    for (auto& slot : list) slot.used = 0;
 }
 
 }  // namespace
 
-const GeneralEvalTables& TablesFor(Game& g) {
+GeneralEvalTables& TablesFor(Game& g) {
   GeneralEvalTables& t = g.GeneralEval;
   if (t.Built != 1 || !KeyMatches(g, t.From)) Build(g, t);
   return t;
