@@ -5,7 +5,7 @@
 // kings, rules without the KingWin pursuit term, whose running rounding ties
 // its value to the order of the squares).
 #include "core/game.h"
-#include "engine/board_pieces.h"
+#include "core/board_pieces.h"
 
 namespace qv::general {
 
