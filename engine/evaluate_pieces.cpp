@@ -53,29 +53,24 @@ int SumOf(const int* table, Mask m) {
 
 // The weight of a piece's support by its distance D from the strongest enemy
 // piece: 15 - D for a man, (15 - D) / 3 for a king. By the strongest piece's
-// square bit, or 64 when the enemy has no piece (cell 0), and the piece's bit.
+// square bit, or 64 when the enemy has no piece (cell 0); then the piece's
+// bit, plus 64 for a king.
 struct TropismWeights {
-  signed char man[65][64]{}, king[65][64]{};
+  signed char w[65][128]{};
   constexpr TropismWeights() {
     for (int from = 0; from <= 64; ++from)
       for (int bit = 0; bit < 64; ++bit) {
         const int cell = CellOfBit(bit), other = from == 64 ? 0 : CellOfBit(from);
         const int rows = cell / 10 - other / 10, columns = cell % 10 - other % 10;
         const int reach = 15 - (rows < 0 ? -rows : rows) - (columns < 0 ? -columns : columns);
-        man[from][bit] = static_cast<signed char>(reach);
-        king[from][bit] = static_cast<signed char>(reach / 3);
+        w[from][bit] = static_cast<signed char>(reach);
+        w[from][64 + bit] = static_cast<signed char>(reach / 3);
       }
   }
 };
 constexpr TropismWeights Weights;
 
 int BitOfCell(int cell) { return cell == 0 ? 64 : (cell / 10 - 2) * 8 + cell % 10 - 1; }
-
-int WeightOf(Mask m, const signed char* weight) {
-  int p = 0;
-  for (; m != 0; m &= m - 1) p += weight[std::countr_zero(m)];
-  return p;
-}
 
 // The squares by how many of side's own pieces stand one of their steps
 // behind them, in binary: bit b of plane i is bit i of square b's count.
@@ -99,16 +94,33 @@ SupportPlanes PlanesOf(const GeneralEvalTables& t, int side, Mask men, Mask king
   return planes;
 }
 
-// The sum over one side's pieces of their support (1, plus 2 for each own
-// piece one of its steps behind) times their weight, that side's view.
-int Tropism(const GeneralEvalTables& t, int side, Mask men, Mask kings, int strong) {
-  const SupportPlanes planes = PlanesOf(t, side, men, kings);
-  const signed char* man = Weights.man[BitOfCell(strong)];
-  const signed char* king = Weights.king[BitOfCell(strong)];
-  int p = WeightOf(men, man) + WeightOf(kings, king);
-  for (int k = 0; k < planes.count; ++k)
-    p += (2 << k) * (WeightOf(planes.plane[k] & men, man) + WeightOf(planes.plane[k] & kings, king));
+// The weights of the pieces of `pieces`, a king's where `kings` has its bit.
+int WeightOf(Mask pieces, Mask kings, const signed char* weight) {
+  int p = 0;
+  for (; pieces != 0; pieces &= pieces - 1) {
+    const int bit = std::countr_zero(pieces);
+    p += weight[static_cast<int>((kings >> bit) & 1) * 64 + bit];
+  }
   return p;
+}
+
+// One side's pieces (side 0 White, 1 Black): their squares' terms from the
+// table, and with the tropism their support (1, plus 2 for each own piece one
+// of its steps behind) times their weight, in White's view.
+int SideTerms(const GeneralEvalTables& t, const int* table, int side, Mask men, Mask kings, int strong,
+              bool tropism) {
+  const Mask pieces = men | kings;
+  if (!tropism) return SumOf(table + side * 64, men) + SumOf(table + (2 + side) * 64, kings);
+  const signed char* weight = Weights.w[BitOfCell(strong)];
+  int p = 0, support = 0;
+  for (Mask m = pieces; m != 0; m &= m - 1) {
+    const int bit = std::countr_zero(m), king = static_cast<int>((kings >> bit) & 1);
+    p += table[(side + 2 * king) * 64 + bit];
+    support += weight[king * 64 + bit];
+  }
+  const SupportPlanes planes = PlanesOf(t, side, men, kings);
+  for (int k = 0; k < planes.count; ++k) support += (2 << k) * WeightOf(planes.plane[k] & pieces, kings, weight);
+  return p + (side == 0 ? support : -support);
 }
 
 // The piece the player marked with "Priority", standing where it was marked.
@@ -144,12 +156,9 @@ int PieceTerms(const Game& g, const GeneralEvalTables& t, const Census& n, const
   const auto& table = t.PieceSquare[ww - 1][wb - 1];
   const PositionKeyWords& k = pieces.Key;
   int p = t.EmptyTotal[ww - 1][wb - 1];
-  p += SumOf(table[KindWhiteMan], k.WhiteMen) + SumOf(table[KindWhiteKing], k.WhiteKings);
-  p += SumOf(table[KindBlackMan], k.BlackMen) + SumOf(table[KindBlackKing], k.BlackKings);
-  if (g.Flags.TropismActive == 1) {
-    p += Tropism(t, 0, k.WhiteMen, k.WhiteKings, n.blackStrong);
-    p -= Tropism(t, 1, k.BlackMen, k.BlackKings, n.whiteStrong);
-  }
+  const bool tropism = g.Flags.TropismActive == 1;
+  p += SideTerms(t, &table[0][0], 0, k.WhiteMen, k.WhiteKings, n.blackStrong, tropism);
+  p += SideTerms(t, &table[0][0], 1, k.BlackMen, k.BlackKings, n.whiteStrong, tropism);
   return p + FocusTerm(g);
 }
 

@@ -26,6 +26,7 @@ GeneralEvalKey KeyOf(const Game& g) {
   return key;
 }
 
+// PromoReach counts only while HasUnreachableSquares is 1.
 bool KeyMatches(const Game& g, const GeneralEvalKey& key) {
   const RuleRecord& r = g.RuleSet;
   return key.PiecesOnBlack == r.PiecesOnBlack && key.LongKings == r.LongKings && key.ManCapKing == r.ManCapKing &&
@@ -33,7 +34,8 @@ bool KeyMatches(const Game& g, const GeneralEvalKey& key) {
          std::memcmp(key.Promo, r.PromoSquares.Cells, sizeof key.Promo) == 0 &&
          std::memcmp(key.Steps, g.DirTable.Cells, sizeof key.Steps) == 0 &&
          std::memcmp(key.Approach, g.PromoApproach.Cells + FirstSquareCell, sizeof key.Approach) == 0 &&
-         std::memcmp(key.Reach, g.PromoReach.Cells + FirstSquareCell, sizeof key.Reach) == 0;
+         (key.HasUnreachableSquares != 1 ||
+          std::memcmp(key.Reach, g.PromoReach.Cells + FirstSquareCell, sizeof key.Reach) == 0);
 }
 
 // The squares from which a move of `columns` columns sideways stays in the
