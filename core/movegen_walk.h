@@ -67,8 +67,8 @@ class MoveWalk {
   // fast rule set, else built once a call. Only its own men are ever tested.
   std::uint64_t promoBits[2] = {};
   std::uint64_t ownBits = 0;  // the side's pieces when the walk began (OwnPieces)
-  // The squares whose piece may have a first jump (PiecesThatMayJump), read
-  // with the rules in force; every square for a fast rule set.
+  // The squares whose piece may have a first jump (PiecesThatMayJump); every
+  // square where the rules do not screen.
   std::uint64_t mayJumpBits = ~std::uint64_t{0};
   int cell = 0;      // the square of the piece being traced
   int v = 0;         // its value at the start
@@ -147,7 +147,7 @@ class MoveWalk {
     BuildPromoBits();
 
     ownBits = OwnPieces();
-    if constexpr (!R::FixedBoardRules)
+    if constexpr (R::ScreensJumps)
       mayJumpBits = PiecesThatMayJump(g.Board, g.DirTable, side, R::ManCapMoveKing(g) == 1, R::LongKings(g) == 1);
     if (quiet > 0 && R::canContract(g) == 1) {
       // Drops are tested on every cell, occupied or not.
