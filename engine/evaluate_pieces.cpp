@@ -1,8 +1,7 @@
-// The general evaluation walking only the pieces: the census from the piece
-// masks, each piece's terms from the tables less the term its square would
-// have if it were empty, added to the empty board's sum, and the back-rank
-// term from the lines behind the crowning squares. Every term is whole, so
-// the sum is kept in an integer.
+// The terms of the pieces walked one by one: each piece's terms from the
+// tables less the term its square would have if it were empty, added to the
+// empty board's sum, and each piece's support weighed by its distance from
+// the strongest enemy piece. Every term is whole, so the sum is an integer.
 #include <bit>
 
 #include "core/board_masks.h"
@@ -11,39 +10,6 @@
 namespace qv::general {
 
 namespace {
-
-// Bits set in x, without relying on a popcount instruction.
-constexpr int CountBits(Mask x) {
-  x = x - ((x >> 1) & 0x5555555555555555ULL);
-  x = (x & 0x3333333333333333ULL) + ((x >> 2) & 0x3333333333333333ULL);
-  x = (x + (x >> 4)) & 0x0f0f0f0f0f0f0f0fULL;
-  return static_cast<int>((x * 0x0101010101010101ULL) >> 56);
-}
-
-// The census reads rows upwards and each row from h to a. White's strongest
-// piece is its first of the highest value: the lowest row, the highest column.
-int FirstInCensusOrder(Mask m) {
-  if (m == 0) return 0;
-  const int row = std::countr_zero(m) >> 3;
-  const unsigned columns = static_cast<unsigned>(m >> (row * 8)) & 0xffu;
-  return CellOfBit(row * 8 + std::bit_width(columns) - 1);
-}
-
-// Black's strongest is its last of the lowest value: the highest row, the
-// lowest column.
-int LastInCensusOrder(Mask m) {
-  if (m == 0) return 0;
-  const int row = (63 - std::countl_zero(m)) >> 3;
-  const unsigned columns = static_cast<unsigned>(m >> (row * 8)) & 0xffu;
-  return CellOfBit(row * 8 + std::countr_zero(columns));
-}
-
-// True when a king of value `king` stands on a square of crowning list `list`.
-bool KingOnList(const Game& g, int list, int king) {
-  for (int k : g.RuleSet.PromoSquares.Cells[list].Cells)
-    if (k >= 0 && k < 120 && !IsFrameCell(k) && g.Board.Cells[k] == king) return true;
-  return false;
-}
 
 int SumOf(const int* table, Mask m) {
   int p = 0;
@@ -132,26 +98,6 @@ int FocusTerm(const Game& g) {
 
 }  // namespace
 
-Census CensusOfPieces(const Game& g, const BoardPieces& pieces) {
-  const PositionKeyWords& k = pieces.Key;
-  Census n;
-  n.whiteMen = CountBits(k.WhiteMen);
-  n.blackMen = CountBits(k.BlackMen);
-  n.whiteCount = n.whiteMen + CountBits(k.WhiteKings);
-  n.blackCount = n.blackMen + CountBits(k.BlackKings);
-  n.whiteStrong = FirstInCensusOrder(k.WhiteKings != 0 ? k.WhiteKings : k.WhiteMen);
-  n.blackStrong = LastInCensusOrder(k.BlackKings != 0 ? k.BlackKings : k.BlackMen);
-  const RuleRecord& r = g.RuleSet;
-  if (r.WinAtPromo == 1) {
-    n.whiteGoal = k.WhiteKings != 0 && KingOnList(g, 1, WhiteKing);
-    n.blackGoal = k.BlackKings != 0 && KingOnList(g, 0, BlackKing);
-  } else if (r.KingWin == 1) {
-    n.whiteGoal = k.WhiteKings != 0 && KingOnList(g, 0, WhiteKing);
-    n.blackGoal = k.BlackKings != 0 && KingOnList(g, 1, BlackKing);
-  }
-  return n;
-}
-
 int PieceTerms(const Game& g, const GeneralEvalTables& t, const Census& n, const BoardPieces& pieces, int ww, int wb) {
   const auto& table = t.PieceSquare[ww - 1][wb - 1];
   const PositionKeyWords& k = pieces.Key;
@@ -160,37 +106,6 @@ int PieceTerms(const Game& g, const GeneralEvalTables& t, const Census& n, const
   p += SideTerms(t, &table[0][0], 0, k.WhiteMen, k.WhiteKings, n.blackStrong, tropism);
   p += SideTerms(t, &table[0][0], 1, k.BlackMen, k.BlackKings, n.whiteStrong, tropism);
   return p + FocusTerm(g);
-}
-
-// Without a branch on the board: every line is read and counts by what its
-// crowning square holds.
-int BackRankFromLines(const BoardCells& board, const GeneralEvalTables& t, int c) {
-  const int open = 20 - 40 * c, wide = 30 - 60 * c;
-  const int* cells = board.Cells;
-  int p = 0;
-  for (int i = 0; i < t.CrownCount[c]; ++i) {
-    const GeneralEvalTables::Crown& crown = t.Crowns[c][i];
-    const int p0 = cells[crown.s];
-    int lines = 0, rows = 0;
-    for (const GeneralEvalTables::Line* line = &t.Lines[c][crown.lines]; line->m != 0; ++line) {
-      const int p1 = cells[line->m], p2 = cells[line->t];
-      lines += wide * ((p1 == 0) & (p2 == 0)) + open * ((p1 == 0) | (p2 == 0));
-    }
-    for (const GeneralEvalTables::Line* line = &t.Straight[c][crown.straight]; line->m != 0; ++line)
-      rows += (cells[line->m] == p0) & (cells[line->t] == p0);
-    p += (p0 == 0) * lines + ((p0 == 1) | (p0 == -1)) * 30 * p0 * rows;
-  }
-  return p;
-}
-
-int CountedBackRank(const BoardCells& board, GeneralEvalTables& t, const BoardPieces& pieces, int c) {
-  const Mask zone = t.Zone[c];
-  const Mask empty = zone & ~pieces.Occupied, white = zone & pieces.Key.WhiteMen, black = zone & pieces.Key.BlackMen;
-  const Mask hash = (empty * 0x9e3779b97f4a7c15ULL) ^ (white * 0xc2b2ae3d27d4eb4fULL) ^ (black * 0x165667b19e3779f9ULL);
-  GeneralEvalTables::Counted& slot = t.BackRankCounted[c][hash >> 56];
-  if (slot.used == 1 && slot.empty == empty && slot.white == white && slot.black == black) return slot.value;
-  slot = {empty, white, black, BackRankFromLines(board, t, c), 1};
-  return slot.value;
 }
 
 }  // namespace qv::general

@@ -1,8 +1,7 @@
-// The general evaluation read square by square: the census, the terms of
-// every square in the order of the rows, and the back-rank term walking the
-// crowning lists. It serves any board (pieces marked by a capture being
-// traced count by their sign) and any rules; under KingWin the pursuit term
-// rounds the running sum, so its value depends on this order of the squares.
+// The terms of every square read in the order of the rows. It serves any
+// board (pieces marked by a capture being traced count by their sign) and any
+// rules; under KingWin the pursuit term rounds the running sum, so its value
+// depends on this order of the squares.
 #include <cmath>
 #include <cstdlib>
 
@@ -40,34 +39,6 @@ void AddKingWinTerms(const Game& g, const Census& n, int s, int v, int& firstRow
 
 }  // namespace
 
-Census TakeCensus(const Game& g) {
-  const RuleRecord& r = g.RuleSet;
-  Census n;
-  int whiteStrongValue = 0, blackStrongValue = 0;
-  for (int row = 2; row <= 9; ++row)
-    for (int column = 8; column >= 1; --column) {
-      const int s = row * 10 + column, v = g.Board[s];
-      if (v == 0 || v == OffBoard) continue;
-      if (v > 0) {
-        ++n.whiteCount;
-        if (v == WhiteMan) ++n.whiteMen;
-        if (v > whiteStrongValue) whiteStrongValue = v, n.whiteStrong = s;
-      } else {
-        ++n.blackCount;
-        if (v == BlackMan) ++n.blackMen;
-        if (v <= blackStrongValue) blackStrongValue = v, n.blackStrong = s;
-      }
-      if (r.WinAtPromo == 1) {
-        if (v == WhiteKing && IsPromoSquare(r.PromoSquares, 1, s)) n.whiteGoal = true;
-        if (v == BlackKing && IsPromoSquare(r.PromoSquares, 0, s)) n.blackGoal = true;
-      } else if (r.KingWin == 1) {
-        if (v == WhiteKing && IsPromoSquare(r.PromoSquares, 0, s)) n.whiteGoal = true;
-        if (v == BlackKing && IsPromoSquare(r.PromoSquares, 1, s)) n.blackGoal = true;
-      }
-    }
-  return n;
-}
-
 double ScanTerms(const Game& g, const Census& n, int ww, int wb) {
   const RuleRecord& r = g.RuleSet;
   int firstRowWhite = 0, firstRowBlack = 0;
@@ -96,41 +67,6 @@ double ScanTerms(const Game& g, const Census& n, int ww, int wb) {
       if (r.KingWin == 1) AddKingWinTerms(g, n, s, v, firstRowWhite, firstRowBlack, p);
       if (s == g.FocusSquare && v == g.FocusPiece) p -= sg * 50;
     }
-  return p;
-}
-
-// Open squares in front of c's crowning squares favour side c, and three men
-// of one colour in a line from a crowning square count for their side.
-int BackRank(const Game& g, int c) {
-  int p = 0;
-  const auto& list = g.RuleSet.PromoSquares[c];
-  const DirectionRow& steps = g.DirTable[c == 0 ? KindBlackMan : KindWhiteMan];
-  for (int i = 0; i < PromoSlots; ++i) {
-    const int s = list[i];
-    if (s == -1) break;
-    const int p0 = g.Board[s];
-    for (int a = 0; steps[a] != EndOfList; ++a) {
-      const int d1 = steps[a];
-      if (std::abs(d1) == 1) break;
-      if (g.Board[s + d1] == OffBoard) break;
-      const int p1 = g.Board[s + d1];
-      for (int b = 0; steps[b] != EndOfList; ++b) {
-        const int d2 = steps[b];
-        if (d1 + d2 == 0) continue;
-        const int t = s + d1 + d2;
-        if (t < 0 || t >= 120) continue;
-        const int p2 = g.Board[t];
-        if (p0 == 0) {
-          if (p1 == 0 && p2 == 0) p += 30 - 60 * c;
-          if (p1 == 0 || p2 == 0) p += 20 - 40 * c;
-        }
-        if (d1 == d2) {
-          if (p0 == 1 && p1 == 1 && p2 == 1) p += 30;
-          if (p0 == -1 && p1 == -1 && p2 == -1) p -= 30;
-        }
-      }
-    }
-  }
   return p;
 }
 
