@@ -6,25 +6,10 @@
 // beyond. What is left may still have no jump; the walk asks those as before.
 #include <cstdint>
 
+#include "core/bit_step.h"
 #include "core/board_pieces.h"
 
 namespace qv {
-
-// A step of the board's cells as a move of bits: a step of at most two rows
-// and two columns from a square reaches the square Shift bits away or the
-// frame, never a square of another row round the edge. Usable is false for
-// any other step.
-struct BitStep {
-  int Shift = 0;
-  bool Usable = false;
-};
-
-constexpr BitStep BitStepOf(int cells) {
-  if (cells < -22 || cells > 22) return {};
-  const int columns = ((cells % 10) + 15) % 10 - 5, rows = (cells - columns) / 10;
-  if (columns < -2 || columns > 2 || rows < -2 || rows > 2) return {};
-  return {rows * 8 + columns, true};
-}
 
 // The pieces of `pieces` that may jump along one of the capture steps of
 // `row`: all of them when a step cannot be followed on the masks or the row

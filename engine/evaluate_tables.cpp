@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "core/bit_step.h"
 #include "core/board_masks.h"
 #include "engine/evaluate_general.h"
 
@@ -48,16 +49,13 @@ Mask ColumnsThatStay(int columns) {
 }
 
 // One direction row's steps added to side's support steps; false when the
-// row has no end within it or a step the masks cannot follow. A step of up
-// to two rows and two columns leads from a square to another square or into
-// the frame, never round the edge onto a square of another row.
+// row has no end within it or a step the masks cannot follow (BitStepOf).
 bool AddSupportSteps(const int (&row)[9], GeneralEvalTables& t, int side) {
   for (int i = 0; i < 9; ++i) {
-    const int d = row[i];
-    if (d == EndOfList) return true;
-    const int columns = ((d % 10) + 15) % 10 - 5, rows = (d - columns) / 10;
-    if (columns < -2 || columns > 2 || rows < -2 || rows > 2) return false;
-    t.Support[side][t.StepCount[side]++] = {rows * 8 + columns, ColumnsThatStay(columns)};
+    if (row[i] == EndOfList) return true;
+    const BitStep step = BitStepOf(row[i]);
+    if (!step.Usable) return false;
+    t.Support[side][t.StepCount[side]++] = {step.Shift, ColumnsThatStay(step.Columns)};
   }
   return false;
 }
