@@ -158,6 +158,10 @@ class MoveWalk {
         DropStep();
         if (R::Probe && found) return true;
       }
+    } else if (quiet == 0 && (ownBits & mayJumpBits) == 0) {
+      // Captures only and no piece that may jump: visiting the pieces would
+      // find nothing and leave only the trace's counter as it sets it.
+      if (ownBits != 0) w.SharedCounter = TraceDepths;
     } else {
       for (std::uint64_t own = ownBits; own != 0; own &= own - 1) {
         const int bit = std::countr_zero(own);

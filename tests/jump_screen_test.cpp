@@ -28,11 +28,12 @@ struct UnscreenedProbe : ProbeRules {
 };
 
 // What one call of a walk leaves: its moves as text, the probe's answer or
-// the fatal error's text, and the board.
+// the fatal error's text, the board and the counters the next call reads.
 struct WalkResult {
   std::vector<std::string> moves;
   std::string ending;
   BoardCells board;
+  int sharedCounter = 0, candidates = 0, moveTop = 0;
   bool operator==(const WalkResult&) const = default;
 };
 
@@ -53,6 +54,9 @@ WalkResult RunWalk(Game& g, int includeQuiet) {
                              std::string(m.CaptureText.Cells, strnlen(m.CaptureText.Cells, CaptureTextSize)));
     }
   result.board = g.Board;
+  result.sharedCounter = g.Gen.SharedCounter;
+  result.candidates = g.Gen.CandCount;
+  result.moveTop = g.MoveTop;
   return result;
 }
 
