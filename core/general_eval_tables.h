@@ -72,6 +72,15 @@ struct GeneralEvalTables {
   };
   static constexpr int CountedSlots = 256;
   Counted BackRankCounted[2][CountedSlots]{};
+  // The terms of one side's pieces already counted, by its men and kings,
+  // the strongest enemy piece's cell and the weights in force (Weights:
+  // (ww - 1) * 4 + (wb - 1) * 2 + tropism), one slot per hash of them.
+  struct SideCounted {
+    std::uint64_t men, kings;
+    int strong, weights, value, used;
+  };
+  static constexpr int SideSlots = 512;
+  SideCounted SideTermsCounted[2][SideSlots]{};
 };
 
 }  // namespace qv

@@ -43,7 +43,7 @@ int GoalTest(Game& g, const Census& n, int side) {
 
 // The terms of the pieces and squares, White's view: from the tables when
 // there are tables for this board and these rules, else square by square.
-double PositionTerms(const Game& g, const GeneralEvalTables* tables, const Census& n, const BoardPieces& pieces) {
+double PositionTerms(const Game& g, GeneralEvalTables* tables, const Census& n, const BoardPieces& pieces) {
   const int ww = n.whiteMen > g.ManThresholdWhite ? 2 : 1;
   const int wb = n.blackMen > g.ManThresholdBlack ? 2 : 1;
   if (tables && tables->Usable == 1) return general::PieceTerms(g, *tables, n, pieces, ww, wb);

@@ -40,7 +40,8 @@ int SquareTerms(const Game& g, int s, int v);
 // read square by square.
 double ScanTerms(const Game& g, const Census& n, int ww, int wb);
 // The same sum from the tables, for the boards and rules the tables serve.
-int PieceTerms(const Game& g, const GeneralEvalTables& t, const Census& n, const BoardPieces& pieces, int ww, int wb);
+// Each side's part is remembered in the tables by what it reads.
+int PieceTerms(const Game& g, GeneralEvalTables& t, const Census& n, const BoardPieces& pieces, int ww, int wb);
 
 // The back-rank term of list c: square by square, and from the tables' lines.
 int BackRank(const Game& g, int c);

@@ -89,6 +89,21 @@ int SideTerms(const GeneralEvalTables& t, const int* table, int side, Mask men, 
   return p + (side == 0 ? support : -support);
 }
 
+// SideTerms, remembered by everything it reads besides the tables.
+int CountedSideTerms(GeneralEvalTables& t, int ww, int wb, int side, Mask men, Mask kings, int strong,
+                     bool tropism) {
+  static_assert(GeneralEvalTables::SideSlots == 512, "the slot is the hash's top nine bits");
+  const int weights = (ww - 1) * 4 + (wb - 1) * 2 + (tropism ? 1 : 0);
+  const Mask hash = (men * 0x9e3779b97f4a7c15ULL) ^ (kings * 0xc2b2ae3d27d4eb4fULL) ^
+                    (static_cast<Mask>(strong * 8 + weights) * 0x165667b19e3779f9ULL);
+  GeneralEvalTables::SideCounted& slot = t.SideTermsCounted[side][hash >> 55];
+  if (slot.used == 1 && slot.men == men && slot.kings == kings && slot.strong == strong && slot.weights == weights)
+    return slot.value;
+  const int value = SideTerms(t, &t.PieceSquare[ww - 1][wb - 1][0][0], side, men, kings, strong, tropism);
+  slot = {men, kings, strong, weights, value, 1};
+  return value;
+}
+
 // The piece the player marked with "Priority", standing where it was marked.
 int FocusTerm(const Game& g) {
   const int s = g.FocusSquare, v = g.FocusPiece;
@@ -98,13 +113,12 @@ int FocusTerm(const Game& g) {
 
 }  // namespace
 
-int PieceTerms(const Game& g, const GeneralEvalTables& t, const Census& n, const BoardPieces& pieces, int ww, int wb) {
-  const auto& table = t.PieceSquare[ww - 1][wb - 1];
+int PieceTerms(const Game& g, GeneralEvalTables& t, const Census& n, const BoardPieces& pieces, int ww, int wb) {
   const PositionKeyWords& k = pieces.Key;
   int p = t.EmptyTotal[ww - 1][wb - 1];
   const bool tropism = g.Flags.TropismActive == 1;
-  p += SideTerms(t, &table[0][0], 0, k.WhiteMen, k.WhiteKings, n.blackStrong, tropism);
-  p += SideTerms(t, &table[0][0], 1, k.BlackMen, k.BlackKings, n.whiteStrong, tropism);
+  p += CountedSideTerms(t, ww, wb, 0, k.WhiteMen, k.WhiteKings, n.blackStrong, tropism);
+  p += CountedSideTerms(t, ww, wb, 1, k.BlackMen, k.BlackKings, n.whiteStrong, tropism);
   return p + FocusTerm(g);
 }
 

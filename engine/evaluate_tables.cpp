@@ -147,6 +147,8 @@ void Build(const Game& g, GeneralEvalTables& t) {
   t.LinesUsable = BuildLines(g, 0, t) && BuildLines(g, 1, t) ? 1 : 0;
   for (auto& list : t.BackRankCounted)
     for (auto& slot : list) slot.used = 0;
+  for (auto& side : t.SideTermsCounted)
+    for (auto& slot : side) slot.used = 0;
 }
 
 }  // namespace

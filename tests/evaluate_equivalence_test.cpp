@@ -196,4 +196,30 @@ TEST(EvaluateEquivalence, GeneralFormFollowsEveryChangeOfRulesAndTables) {
   }
 }
 
+// The same pieces evaluated again and again under other weights, other
+// focus and the other side to move: what was kept from one call must not
+// stand in for another whose terms differ.
+TEST(EvaluateEquivalence, GeneralFormKeepsNothingAcrossOtherWeights) {
+  std::mt19937 rnd(5);
+  auto g = testing::NewTestGame(3);
+  RuleRecord rules = testing::FastRuleSet(3);
+  rules.KingCapMove = 1;
+  testing::ApplyRules(*g, rules);
+  for (int position = 0; position < 40; ++position) {
+    Scramble(*g, rnd);
+    g->Ply = 0;
+    g->HalfMoveCount = 0;
+    g->LineDrawn = 0;
+    g->ActivityByPly[0] = 0;  // never the lazy score
+    for (int i = 0; i < 24; ++i) {
+      g->Flags.TropismActive = i % 2;
+      g->ManThresholdWhite = (i / 2) % 3 * 4;
+      g->ManThresholdBlack = (i / 6) % 3 * 4;
+      g->SideToMove = i % 12 < 6 ? 1 : -1;
+      ExpectSame(*g, Evaluate, reference::Evaluate, rnd, "position " + std::to_string(position));
+      if (::testing::Test::HasFatalFailure()) return;
+    }
+  }
+}
+
 }  // namespace qv
