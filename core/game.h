@@ -9,6 +9,7 @@
 
 #include "core/board.h"
 #include "core/fast_eval_tables.h"
+#include "core/general_eval_tables.h"
 #include "core/generator_work.h"
 #include "core/options.h"
 #include "core/pdntags.h"
@@ -200,6 +201,7 @@ struct Game {
   Table<Table<int, 2>, 120> PromoApproach;
   Table<Table<int, 2>, 120> PromoReach;
   FastEvalTables FastEval;
+  GeneralEvalTables GeneralEval;
   int RuleLossPending = 0;
   int NoiseRange = 0;
   int BackRankActive = 1;

@@ -15,6 +15,7 @@
 #endif
 
 #include "core/fatal.h"
+#include "core/jump_screen.h"
 #include "core/movepush.h"
 #include "core/rule_policies.h"
 
@@ -66,6 +67,9 @@ class MoveWalk {
   // fast rule set, else built once a call. Only its own men are ever tested.
   std::uint64_t promoBits[2] = {};
   std::uint64_t ownBits = 0;  // the side's pieces when the walk began (OwnPieces)
+  // The squares whose piece may have a first jump (PiecesThatMayJump); every
+  // square where the rules do not screen.
+  std::uint64_t mayJumpBits = ~std::uint64_t{0};
   int cell = 0;      // the square of the piece being traced
   int v = 0;         // its value at the start
   int piece = 0;     // its value now (a man crowned in the line becomes a king)
@@ -143,19 +147,26 @@ class MoveWalk {
     BuildPromoBits();
 
     ownBits = OwnPieces();
+    if constexpr (R::ScreensJumps)
+      mayJumpBits = PiecesThatMayJump(g.Board, g.DirTable, side, R::ManCapMoveKing(g) == 1, R::LongKings(g) == 1);
     if (quiet > 0 && R::canContract(g) == 1) {
       // Drops are tested on every cell, occupied or not.
       for (int square = 21; square <= 98; ++square) {
         const int value = g.Board[square];
-        if (value != 0 && value != OffBoard && value * side > 0 && VisitPiece(square, value, quiet)) return true;
+        if (value != 0 && value != OffBoard && value * side > 0 && VisitPiece(square, value, quiet, true)) return true;
         cell = square;
         DropStep();
         if (R::Probe && found) return true;
       }
+    } else if (quiet == 0 && (ownBits & mayJumpBits) == 0) {
+      // Captures only and no piece that may jump: visiting the pieces would
+      // find nothing and leave only the trace's counter as it sets it.
+      if (ownBits != 0) w.SharedCounter = TraceDepths;
     } else {
       for (std::uint64_t own = ownBits; own != 0; own &= own - 1) {
-        const int square = SquareOfBit(std::countr_zero(own));
-        if (VisitPiece(square, g.Board.Cells[square], quiet)) return true;
+        const int bit = std::countr_zero(own);
+        const int square = SquareOfBit(bit);
+        if (VisitPiece(square, g.Board.Cells[square], quiet, (mayJumpBits >> bit) & 1)) return true;
       }
     }
     if (w.CandCount > 0 && FilterCandidates(includeQuiet, startTop)) return true;
@@ -169,8 +180,8 @@ class MoveWalk {
   }
 
   // The quiet moves and the capture trace of one own piece; true when the
-  // probe found a move.
-  bool VisitPiece(int square, int value, int quiet) {
+  // probe found a move. mayJump false: the piece certainly has no first jump.
+  bool VisitPiece(int square, int value, int quiet, bool mayJump) {
     cell = square;
     v = value;
     kind = PieceKind(v);
@@ -181,7 +192,7 @@ class MoveWalk {
     if (R::ManCapMoveKing(g) == 1 && kind < KindWhiteKing) slide = 1;
     // Without a first jump the trace would find nothing and leave nothing
     // behind, so it is not started.
-    if (OnRow(kind + 4, [this](auto steps) { return HasFirstJump(steps); })) TracePiece();
+    if (mayJump && OnRow(kind + 4, [this](auto steps) { return HasFirstJump(steps); })) TracePiece();
     return false;
   }
 

@@ -93,6 +93,9 @@ struct RuntimeRules {
   static constexpr bool Probe = false;
   static constexpr bool FixedBoardRules = false;  // directions and promotion squares from the Game
   static constexpr bool MaySlide = true;          // whether a piece may move as a long king
+  // Whether the walk screens the side on masks before asking each piece for
+  // a first jump (core/jump_screen.h).
+  static constexpr bool ScreensJumps = true;
 };
 
 // HasLegalMove: every rule, but it only asks whether a move exists.
@@ -120,6 +123,7 @@ struct FastRules {
   // so are the promotion squares. Rows as in DirTable: 0..3 quiet steps of
   // kinds 0..3, 4..7 their capture steps.
   static constexpr bool FixedBoardRules = true;
+  static constexpr bool ScreensJumps = false;  // the fast generators screen the side themselves
   static constexpr bool MaySlide = V.LongKings == 1 || V.ManCapMoveKing == 1 || V.ManContJumpCrowned == 1;
   static constexpr bool MenCaptureBackwards = Flavour >= 3;
   template <int Row>

@@ -4,6 +4,7 @@
 // the four fast rule sets and every shipped variant.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <random>
 
@@ -44,8 +45,65 @@ void Scramble(Game& g, std::mt19937& rnd) {
   g.ManThresholdWhite = percent(rnd) % 12;
   g.ManThresholdBlack = percent(rnd) % 12;
   g.FocusSquare = percent(rnd) < 20 ? 21 + percent(rnd) % 78 : 0;
-  g.FocusPiece = percent(rnd) % 2 ? WhiteMan : BlackKing;
+  g.FocusPiece = std::array{WhiteMan, WhiteKing, BlackMan, BlackKing}[percent(rnd) % 4];
   g.SideToMove = percent(rnd) % 2 ? 1 : -1;
+}
+
+// A square, now and then a frame cell next to the board, or an unused slot.
+int RandomPromoEntry(std::mt19937& rnd) {
+  std::uniform_int_distribution<int> percent(0, 99);
+  if (percent(rnd) < 15) return -1;
+  if (percent(rnd) < 10) return 20 + percent(rnd) % 80;
+  int cell = 0;
+  do cell = 21 + percent(rnd) % 78;
+  while (IsFrameCell(cell));
+  return cell;
+}
+
+// Steps as the movement words give them, now and then one twice, ended by
+// the end mark after 0 to 8 of them.
+void RandomQuietSteps(DirectionRow& row, std::mt19937& rnd) {
+  static constexpr int steps[] = {9, 11, -9, -11, 1, -1, 10, -10, 2, -2, 20, -20};
+  std::uniform_int_distribution<int> percent(0, 99);
+  const int count = percent(rnd) < 80 ? 1 + percent(rnd) % 4 : percent(rnd) % 9;
+  row.Fill(EndOfList);
+  for (int i = 0; i < count; ++i) row[i] = steps[percent(rnd) % 12];
+}
+
+// One change to what the general evaluation derives its tables from, made
+// directly as a test or a dialog may make it between two evaluations: the
+// rules, the crowning squares, the movement, the promotion tables and flags.
+void ChangeSomething(Game& g, std::mt19937& rnd) {
+  std::uniform_int_distribution<int> percent(0, 99);
+  RuleRecord& r = g.RuleSet;
+  const int square = 21 + percent(rnd) % 78, side = percent(rnd) % 2;
+  switch (percent(rnd) % 14) {
+    case 0: r.PiecesOnBlack = percent(rnd) % 3; break;
+    case 1: r.LongKings ^= 1; break;
+    case 2: r.ManCapKing ^= 1; break;
+    case 3: r.WinAtPromo = percent(rnd) < 40 ? 1 : 0; break;
+    case 4: r.KingWin = percent(rnd) < 25 ? 1 : 0; break;
+    case 5: g.Flags.HasUnreachableSquares ^= 1; break;
+    case 6:
+    case 7: r.PromoSquares[side][percent(rnd) % (percent(rnd) < 70 ? 4 : PromoSlots)] = RandomPromoEntry(rnd); break;
+    case 8:
+    case 9: RandomQuietSteps(g.DirTable[percent(rnd) % 4], rnd); break;
+    case 10: g.PromoApproach[square][side] = (percent(rnd) % 7 - 3) * 10; break;
+    case 11: g.PromoReach[square][side] ^= 1; break;
+    case 12: r.AntiMode = percent(rnd) < 20 ? 1 : 0; break;
+    default: r.NumberPieces = percent(rnd) < 80 ? 0 : percent(rnd) % 3; break;
+  }
+}
+
+// Now and then a square holding what no plain piece holds: a piece marked by
+// a capture being traced, or the frame's value.
+void MarkSomeSquare(Game& g, std::mt19937& rnd) {
+  std::uniform_int_distribution<int> percent(0, 99);
+  if (percent(rnd) >= 10) return;
+  int cell = 0;
+  do cell = 21 + percent(rnd) % 78;
+  while (IsFrameCell(cell));
+  g.Board[cell] = std::array{WhiteMan - 10, BlackMan - 10, WhiteKing - 10, BlackKing - 10, OffBoard}[percent(rnd) % 5];
 }
 
 // What an evaluation leaves behind besides its score.
@@ -113,6 +171,55 @@ TEST(EvaluateEquivalence, GeneralFormEqualsTheReferenceInEveryShippedVariant) {
         ExpectSame(*g, Evaluate, reference::Evaluate, rnd, name);
       }
     }
+}
+
+// One game evaluated again and again while its rules and tables change under
+// it: what the evaluation keeps from one call to the next must follow every
+// change, whatever made it.
+TEST(EvaluateEquivalence, GeneralFormFollowsEveryChangeOfRulesAndTables) {
+  std::mt19937 rnd(424242);
+  for (int start = 1; start <= 4; ++start) {
+    auto g = testing::NewTestGame(11);
+    RuleRecord rules = testing::FastRuleSet(start);
+    rules.KingCapMove = 1;  // keeps the game on the general evaluation
+    testing::ApplyRules(*g, rules);
+    for (int i = 0; i < 6000; ++i) {
+      for (int change = 0; change < 3; ++change)
+        if (rnd() % 4 == 0) ChangeSomething(*g, rnd);
+      Scramble(*g, rnd);
+      MarkSomeSquare(*g, rnd);
+      g->Flags.TropismActive = i % 5 == 0 ? 0 : 1;
+      g->BackRankActive = i % 7 == 0 ? 0 : 1;
+      ExpectSame(*g, Evaluate, reference::Evaluate, rnd, "start " + std::to_string(start));
+      if (::testing::Test::HasFatalFailure()) return;
+    }
+  }
+}
+
+// The same pieces evaluated again and again under other weights, other
+// focus and the other side to move: what was kept from one call must not
+// stand in for another whose terms differ.
+TEST(EvaluateEquivalence, GeneralFormKeepsNothingAcrossOtherWeights) {
+  std::mt19937 rnd(5);
+  auto g = testing::NewTestGame(3);
+  RuleRecord rules = testing::FastRuleSet(3);
+  rules.KingCapMove = 1;
+  testing::ApplyRules(*g, rules);
+  for (int position = 0; position < 40; ++position) {
+    Scramble(*g, rnd);
+    g->Ply = 0;
+    g->HalfMoveCount = 0;
+    g->LineDrawn = 0;
+    g->ActivityByPly[0] = 0;  // never the lazy score
+    for (int i = 0; i < 24; ++i) {
+      g->Flags.TropismActive = i % 2;
+      g->ManThresholdWhite = (i / 2) % 3 * 4;
+      g->ManThresholdBlack = (i / 6) % 3 * 4;
+      g->SideToMove = i % 12 < 6 ? 1 : -1;
+      ExpectSame(*g, Evaluate, reference::Evaluate, rnd, "position " + std::to_string(position));
+      if (::testing::Test::HasFatalFailure()) return;
+    }
+  }
 }
 
 }  // namespace qv
