@@ -38,6 +38,26 @@ constexpr Mask ShiftBy(Mask x, int bits) { return bits >= 0 ? x << bits : x >> -
 // The squares from which one step in direction dir lands on a square of x.
 constexpr Mask Toward(Mask x, int dir) { return ShiftBy(x, -DiagonalBitStep[dir]) & OneStepFrom[dir]; }
 
+#ifdef __SSE2__
+// Rows row and row + 1 of the board (row 0 the first rank), their sixteen
+// squares narrowed to a byte each with saturation: every value keeps its
+// sign, and 0, the piece codes -2 to 2 and OffBoard keep their value.
+inline __m128i TwoRowsAsBytes(const int* cells, int row) {
+  const int* first = cells + (row + 2) * 10 + 1;
+  const int* second = first + 10;
+  const __m128i a = _mm_packs_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(first)),
+                                    _mm_loadu_si128(reinterpret_cast<const __m128i*>(first + 4)));
+  const __m128i b = _mm_packs_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(second)),
+                                    _mm_loadu_si128(reinterpret_cast<const __m128i*>(second + 4)));
+  return _mm_packs_epi16(a, b);
+}
+
+// The bytes of v whose top bit is set, as the squares of rows row and row + 1.
+inline Mask RowBits(__m128i v, int row) {
+  return static_cast<Mask>(static_cast<unsigned>(_mm_movemask_epi8(v))) << (row * 8);
+}
+#endif
+
 // The squares of the side to move and of its opponent, by kind, and the empty squares.
 struct SideMasks {
   Mask ownMen = 0, ownKings = 0, oppMen = 0, oppKings = 0, empty = 0;
@@ -57,19 +77,10 @@ inline SideMasks BuildSideMasks(const BoardCells& board, int side) {
   // are Black's pieces, a compare gives White's, two more the kings.
   const __m128i zero = _mm_setzero_si128(), king = _mm_set1_epi8(2), blackKing = _mm_set1_epi8(-2);
   for (int row = 0; row < 8; row += 2) {
-    const int* first = cells + (row + 2) * 10 + 1;
-    const int* second = first + 10;
-    const __m128i a = _mm_packs_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(first)),
-                                      _mm_loadu_si128(reinterpret_cast<const __m128i*>(first + 4)));
-    const __m128i b = _mm_packs_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(second)),
-                                      _mm_loadu_si128(reinterpret_cast<const __m128i*>(second + 4)));
-    const __m128i bytes = _mm_packs_epi16(a, b);
-    const auto bits = [row](__m128i v) {
-      return static_cast<Mask>(static_cast<unsigned>(_mm_movemask_epi8(v))) << (row * 8);
-    };
-    black |= bits(bytes);
-    white |= bits(_mm_cmpgt_epi8(bytes, zero));
-    kings |= bits(_mm_or_si128(_mm_cmpeq_epi8(bytes, king), _mm_cmpeq_epi8(bytes, blackKing)));
+    const __m128i bytes = TwoRowsAsBytes(cells, row);
+    black |= RowBits(bytes, row);
+    white |= RowBits(_mm_cmpgt_epi8(bytes, zero), row);
+    kings |= RowBits(_mm_or_si128(_mm_cmpeq_epi8(bytes, king), _mm_cmpeq_epi8(bytes, blackKing)), row);
   }
 #else
   for (int bit = 0; bit < 64; ++bit) {

@@ -224,18 +224,12 @@ class MoveWalk {
     // kept (saturation leaves 0, OffBoard and every sign as they are), then
     // one mask. White's pieces are 1..99, Black's below 0.
     for (int row = 0; row < 8; row += 2) {
-      const int* first = board + (row + 2) * 10 + 1;
-      const int* second = first + 10;
-      const __m128i a = _mm_packs_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(first)),
-                                        _mm_loadu_si128(reinterpret_cast<const __m128i*>(first + 4)));
-      const __m128i b = _mm_packs_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(second)),
-                                        _mm_loadu_si128(reinterpret_cast<const __m128i*>(second + 4)));
-      __m128i bytes = _mm_packs_epi16(a, b);
+      __m128i bytes = TwoRowsAsBytes(board, row);
       if (side > 0) {
         const __m128i zero = _mm_setzero_si128(), frame = _mm_set1_epi8(static_cast<char>(OffBoard));
         bytes = _mm_and_si128(_mm_cmpgt_epi8(bytes, zero), _mm_cmplt_epi8(bytes, frame));
       }
-      own |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(bytes))) << (row * 8);
+      own |= RowBits(bytes, row);
     }
 #else
     for (int row = 0; row < 8; ++row) {

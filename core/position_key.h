@@ -34,20 +34,11 @@ inline PositionKeyWords PositionKeyOf(const BoardCells& board) {
   const __m128i whiteMan = _mm_set1_epi8(WhiteMan), whiteKing = _mm_set1_epi8(WhiteKing);
   const __m128i blackMan = _mm_set1_epi8(BlackMan), blackKing = _mm_set1_epi8(BlackKing);
   for (int row = 0; row < 8; row += 2) {
-    const int* first = cells + (row + 2) * 10 + 1;
-    const int* second = first + 10;
-    const __m128i a = _mm_packs_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(first)),
-                                      _mm_loadu_si128(reinterpret_cast<const __m128i*>(first + 4)));
-    const __m128i b = _mm_packs_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(second)),
-                                      _mm_loadu_si128(reinterpret_cast<const __m128i*>(second + 4)));
-    const __m128i bytes = _mm_packs_epi16(a, b);
-    const auto bits = [row, bytes](__m128i code) {
-      return static_cast<Mask>(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, code)))) << (row * 8);
-    };
-    key.WhiteMen |= bits(whiteMan);
-    key.WhiteKings |= bits(whiteKing);
-    key.BlackMen |= bits(blackMan);
-    key.BlackKings |= bits(blackKing);
+    const __m128i bytes = TwoRowsAsBytes(cells, row);
+    key.WhiteMen |= RowBits(_mm_cmpeq_epi8(bytes, whiteMan), row);
+    key.WhiteKings |= RowBits(_mm_cmpeq_epi8(bytes, whiteKing), row);
+    key.BlackMen |= RowBits(_mm_cmpeq_epi8(bytes, blackMan), row);
+    key.BlackKings |= RowBits(_mm_cmpeq_epi8(bytes, blackKing), row);
   }
 #else
   for (int bit = 0; bit < 64; ++bit) {

@@ -12,6 +12,7 @@
 #include "core/searchgen.h"
 #include "core/text.h"
 #include "engine/evaluate_general.h"
+#include "engine/repetition.h"
 #include "engine/score.h"
 
 namespace qv {
@@ -50,15 +51,6 @@ double PositionTerms(const Game& g, GeneralEvalTables* tables, const Census& n, 
   return general::ScanTerms(g, n, ww, wb);
 }
 
-// Any earlier position with the same pieces is a draw; the position is
-// stored as the one before the current half move.
-bool Repeated(Game& g, const PositionKeyWords& key) {
-  for (int i = g.HalfMoveCount - 2; i >= 0; --i)
-    if (g.Record.PositionHistory[i] == key) return true;
-  if (g.HalfMoveCount != 0) g.Record.PositionHistory[g.HalfMoveCount - 1] = key;
-  return false;
-}
-
 // The back-rank term of each side that still has more men than its threshold.
 int BackRankTerms(const Game& g, GeneralEvalTables* tables, const Census& n, const BoardPieces& pieces) {
   if (g.BackRankActive != 1) return 0;
@@ -93,7 +85,7 @@ int Evaluate(Game& g, int alpha, int beta, int side) {
 
   GeneralEvalTables* tables = byPieces ? &general::TablesFor(g) : nullptr;
   double p = PositionTerms(g, tables, n, pieces);
-  if (Repeated(g, pieces.Key)) return 0;
+  if (RepeatsEarlierPosition(g, pieces.Key)) return 0;
   p += BackRankTerms(g, tables, n, pieces);
   if (side == -1) p = -p;
 

@@ -14,6 +14,7 @@
 #include "core/mask_count.h"
 #include "core/text.h"
 #include "engine/evaluate.h"
+#include "engine/repetition.h"
 #include "engine/score.h"
 
 namespace qv {
@@ -387,10 +388,7 @@ QV_INLINE_COUNT int EvaluateFast(Game& g, int alpha, int beta, int side) {
   const bool masks = tables.MasksUsable == 1;
   int p = masks ? PieceTermsFromMasks(tables, pieces) : PieceTermsByWalk(g, tables, pieces);
 
-  // Repetition: any earlier position with the same pieces is a draw.
-  for (int i = g.HalfMoveCount - 2; i >= 0; --i)
-    if (g.Record.PositionHistory[i] == pieces) return 0;
-  if (g.HalfMoveCount != 0) g.Record.PositionHistory[g.HalfMoveCount - 1] = pieces;
+  if (RepeatsEarlierPosition(g, pieces)) return 0;
 
   if (CountOf(pieces.WhiteMen) > g.ManThresholdWhite) p += masks ? BackRankFromMasks<0>(tables, pieces) : BackRankByWalk(g, 0);
   if (CountOf(pieces.BlackMen) > g.ManThresholdBlack) p += masks ? BackRankFromMasks<1>(tables, pieces) : BackRankByWalk(g, 1);
