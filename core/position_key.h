@@ -24,21 +24,25 @@ struct PositionKeyWords {
 };
 
 // The key of the pieces on the board's squares. A piece marked by a capture
-// being traced (below MarkedBelow) is not in it, as in the text.
-inline PositionKeyWords PositionKeyOf(const BoardCells& board) {
+// being traced (below MarkedBelow) is not in it, as in the text. With
+// `occupied`, also every square that holds anything at all.
+inline PositionKeyWords PositionKeyOf(const BoardCells& board, Mask* occupied = nullptr) {
   PositionKeyWords key;
   const int* cells = board.Cells;
 #ifdef __SSE2__
   // Two rows at a time, their sixteen cells narrowed to bytes with saturation:
-  // only the values 1, 2, -1 and -2 compare equal to a piece code.
+  // only the values 1, 2, -1 and -2 compare equal to a piece code, and no
+  // value but 0 becomes 0.
   const __m128i whiteMan = _mm_set1_epi8(WhiteMan), whiteKing = _mm_set1_epi8(WhiteKing);
   const __m128i blackMan = _mm_set1_epi8(BlackMan), blackKing = _mm_set1_epi8(BlackKing);
+  const __m128i empty = _mm_setzero_si128();
   for (int row = 0; row < 8; row += 2) {
     const __m128i bytes = TwoRowsAsBytes(cells, row);
     key.WhiteMen |= RowBits(_mm_cmpeq_epi8(bytes, whiteMan), row);
     key.WhiteKings |= RowBits(_mm_cmpeq_epi8(bytes, whiteKing), row);
     key.BlackMen |= RowBits(_mm_cmpeq_epi8(bytes, blackMan), row);
     key.BlackKings |= RowBits(_mm_cmpeq_epi8(bytes, blackKing), row);
+    if (occupied) *occupied |= ~RowBits(_mm_cmpeq_epi8(bytes, empty), row) & (Mask{0xffff} << (row * 8));
   }
 #else
   for (int bit = 0; bit < 64; ++bit) {
@@ -48,6 +52,7 @@ inline PositionKeyWords PositionKeyOf(const BoardCells& board) {
     if (v == WhiteKing) key.WhiteKings |= m;
     if (v == BlackMan) key.BlackMen |= m;
     if (v == BlackKing) key.BlackKings |= m;
+    if (occupied && v != 0) *occupied |= m;
   }
 #endif
   return key;
