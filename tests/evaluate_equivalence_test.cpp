@@ -154,6 +154,31 @@ TEST(EvaluateEquivalence, FastFormsEqualTheReference) {
   }
 }
 
+// The fast forms on the rule sets' own movement and crowning squares, and on
+// others set directly between calls: crowning squares on the frame or
+// listed twice, steps that are not diagonal. Their tables must follow every
+// such change, and rules the masks cannot count must be walked.
+TEST(EvaluateEquivalence, FastFormsFollowChangedMovementAndCrowningSquares) {
+  const EvalFn fast[] = {EvaluateShort, EvaluateShortMirror, EvaluateLong, EvaluateLong};
+  const EvalFn reference[] = {reference::EvaluateShort, reference::EvaluateShortMirror, reference::EvaluateLong,
+                              reference::EvaluateLong};
+  std::mt19937 rnd(77);
+  std::uniform_int_distribution<int> percent(0, 99);
+  for (int flavour = 1; flavour <= 4; ++flavour) {
+    auto g = testing::NewTestGame(9);
+    testing::ApplyRules(*g, testing::FastRuleSet(flavour));
+    for (int i = 0; i < 3000; ++i) {
+      const int change = percent(rnd);
+      if (change < 10) testing::ApplyRules(*g, testing::FastRuleSet(flavour));
+      else if (change < 20) g->RuleSet.PromoSquares[percent(rnd) % 2][percent(rnd) % 4] = RandomPromoEntry(rnd);
+      else if (change < 25) RandomQuietSteps(g->DirTable[percent(rnd) % 4], rnd);
+      Scramble(*g, rnd);
+      ExpectSame(*g, fast[flavour - 1], reference[flavour - 1], rnd, "flavour " + std::to_string(flavour));
+      if (::testing::Test::HasFatalFailure()) return;
+    }
+  }
+}
+
 TEST(EvaluateEquivalence, GeneralFormEqualsTheReferenceInEveryShippedVariant) {
   const std::filesystem::path data = QUORVANIS_TEST_DATA;
   std::mt19937 rnd(7);
