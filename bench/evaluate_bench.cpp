@@ -60,18 +60,14 @@ void RunEvaluate(benchmark::State& state, const qv::RuleRecord& rules, EvalFn ev
       benchmark::Counter(static_cast<double>(evaluations), benchmark::Counter::kIsRate);
 }
 
-qv::RuleRecord GeneralLongKings() {
-  qv::RuleRecord r = qv::testing::FastRuleSet(3);
-  r.KingCapMove = 1;  // one rule more and only the general search plays it
-  return r;
-}
-
 void BM_EvaluateShort(benchmark::State& s) { RunEvaluate(s, qv::testing::FastRuleSet(1), qv::EvaluateShort); }
 void BM_EvaluateShortMirror(benchmark::State& s) {
   RunEvaluate(s, qv::testing::FastRuleSet(2), qv::EvaluateShortMirror);
 }
 void BM_EvaluateLong(benchmark::State& s) { RunEvaluate(s, qv::testing::FastRuleSet(3), qv::EvaluateLong); }
-void BM_EvaluateGeneralLongKings(benchmark::State& s) { RunEvaluate(s, GeneralLongKings(), qv::Evaluate); }
+void BM_EvaluateGeneralLongKings(benchmark::State& s) {
+  RunEvaluate(s, qv::testing::GeneralLongKingRules(), qv::Evaluate);
+}
 
 }  // namespace
 

@@ -7,12 +7,6 @@
 
 namespace {
 
-qv::RuleRecord GeneralLongKings() {
-  qv::RuleRecord r = qv::testing::FastRuleSet(3);
-  r.KingCapMove = 1;  // one rule more and only the general search plays it
-  return r;
-}
-
 void RunSearch(benchmark::State& state, const qv::RuleRecord& rules) {
   const int depth = static_cast<int>(state.range(0));
   qv::DriverUi ui;
@@ -37,7 +31,7 @@ void BM_SearchAmerican(benchmark::State& s) { RunSearch(s, qv::testing::FastRule
 void BM_SearchItalian(benchmark::State& s) { RunSearch(s, qv::testing::FastRuleSet(2)); }
 void BM_SearchLongMaxCap(benchmark::State& s) { RunSearch(s, qv::testing::FastRuleSet(3)); }
 void BM_SearchLongCrown(benchmark::State& s) { RunSearch(s, qv::testing::FastRuleSet(4)); }
-void BM_SearchGeneralLongKings(benchmark::State& s) { RunSearch(s, GeneralLongKings()); }
+void BM_SearchGeneralLongKings(benchmark::State& s) { RunSearch(s, qv::testing::GeneralLongKingRules()); }
 
 }  // namespace
 

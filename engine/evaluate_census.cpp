@@ -1,40 +1,13 @@
 // The census of the board: the pieces of each side, its men, its strongest
 // piece and whether a king stands on its goal; read square by square for any
 // board, or from the piece masks of a board of plain men and kings.
-#include <bit>
-
-#include "core/board_masks.h"
+#include "core/mask_count.h"
 #include "engine/evaluate_general.h"
+#include "engine/strongest_piece.h"
 
 namespace qv::general {
 
 namespace {
-
-// Bits set in x, without relying on a popcount instruction.
-constexpr int CountBits(Mask x) {
-  x = x - ((x >> 1) & 0x5555555555555555ULL);
-  x = (x & 0x3333333333333333ULL) + ((x >> 2) & 0x3333333333333333ULL);
-  x = (x + (x >> 4)) & 0x0f0f0f0f0f0f0f0fULL;
-  return static_cast<int>((x * 0x0101010101010101ULL) >> 56);
-}
-
-// The census reads rows upwards and each row from h to a. White's strongest
-// piece is its first of the highest value: the lowest row, the highest column.
-int FirstInCensusOrder(Mask m) {
-  if (m == 0) return 0;
-  const int row = std::countr_zero(m) >> 3;
-  const unsigned columns = static_cast<unsigned>(m >> (row * 8)) & 0xffu;
-  return CellOfBit(row * 8 + std::bit_width(columns) - 1);
-}
-
-// Black's strongest is its last of the lowest value: the highest row, the
-// lowest column.
-int LastInCensusOrder(Mask m) {
-  if (m == 0) return 0;
-  const int row = (63 - std::countl_zero(m)) >> 3;
-  const unsigned columns = static_cast<unsigned>(m >> (row * 8)) & 0xffu;
-  return CellOfBit(row * 8 + std::countr_zero(columns));
-}
 
 // True when a king of value `king` stands on a square of crowning list `list`.
 bool KingOnList(const Game& g, int list, int king) {
@@ -76,12 +49,12 @@ Census TakeCensus(const Game& g) {
 Census CensusOfPieces(const Game& g, const BoardPieces& pieces) {
   const PositionKeyWords& k = pieces.Key;
   Census n;
-  n.whiteMen = CountBits(k.WhiteMen);
-  n.blackMen = CountBits(k.BlackMen);
-  n.whiteCount = n.whiteMen + CountBits(k.WhiteKings);
-  n.blackCount = n.blackMen + CountBits(k.BlackKings);
-  n.whiteStrong = FirstInCensusOrder(k.WhiteKings != 0 ? k.WhiteKings : k.WhiteMen);
-  n.blackStrong = LastInCensusOrder(k.BlackKings != 0 ? k.BlackKings : k.BlackMen);
+  n.whiteMen = CountOf(k.WhiteMen);
+  n.blackMen = CountOf(k.BlackMen);
+  n.whiteCount = n.whiteMen + CountOf(k.WhiteKings);
+  n.blackCount = n.blackMen + CountOf(k.BlackKings);
+  n.whiteStrong = CellOfStrong(WhiteStrongBit(k));
+  n.blackStrong = CellOfStrong(BlackStrongBit(k));
   const RuleRecord& r = g.RuleSet;
   if (r.WinAtPromo == 1) {
     n.whiteGoal = k.WhiteKings != 0 && KingOnList(g, 1, WhiteKing);

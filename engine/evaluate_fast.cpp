@@ -16,6 +16,7 @@
 #include "engine/evaluate.h"
 #include "engine/repetition.h"
 #include "engine/score.h"
+#include "engine/strongest_piece.h"
 
 namespace qv {
 
@@ -41,12 +42,12 @@ struct DistanceWeights {
 constexpr DistanceWeights Weights;
 
 // The same weights as three masks for each square of the strongest piece
-// (64: no piece): a square's weight is plane 0 + 2 x plane 1 + 4 x plane 2.
+// (NoStrongPiece: none): a square's weight is plane 0 + 2 x plane 1 + 4 x plane 2.
 struct WeightPlanes {
-  std::array<std::array<Mask, 3>, 65> plane{};
+  std::array<std::array<Mask, 3>, NoStrongPiece + 1> plane{};
   constexpr WeightPlanes() {
-    for (int strong = 0; strong <= 64; ++strong) {
-      const int from = strong == 64 ? 0 : CellOfBit(strong);
+    for (int strong = 0; strong <= NoStrongPiece; ++strong) {
+      const int from = CellOfStrong(strong);
       for (int bit = 0; bit < 64; ++bit)
         for (int j = 0; j < 3; ++j)
           if (Weights.w[from][CellOfBit(bit)] >> j & 1) plane[strong][j] |= BitOf(bit);
@@ -54,7 +55,6 @@ struct WeightPlanes {
   }
 };
 constexpr WeightPlanes Planes;
-constexpr int NoPiece = 64;
 
 // The four centre squares: b4-style boards (mirror) and a1-style boards.
 struct CentreTable {
@@ -65,24 +65,6 @@ struct CentreTable {
   }
 };
 constexpr CentreTable Centre;
-
-// Each side's strongest piece as the general evaluation finds it, scanning
-// the rows upwards and each row from h to a: White's first king, else its
-// first man; Black's last king, else its last man. As a bit, NoPiece when
-// the side has none.
-int WhiteStrongBit(const PositionKeyWords& k) {
-  const Mask set = k.WhiteKings != 0 ? k.WhiteKings : k.WhiteMen;
-  if (set == 0) return NoPiece;
-  const int row = std::countr_zero(set) >> 3;
-  return 63 - std::countl_zero(set & (Mask{0xFF} << (row * 8)));
-}
-int BlackStrongBit(const PositionKeyWords& k) {
-  const Mask set = k.BlackKings != 0 ? k.BlackKings : k.BlackMen;
-  if (set == 0) return NoPiece;
-  const int row = (63 - std::countl_zero(set)) >> 3;
-  return std::countr_zero(set & (Mask{0xFF} << (row * 8)));
-}
-int CellOfStrong(int bit) { return bit == NoPiece ? 0 : CellOfBit(bit); }
 
 // The support weights summed over a set of squares.
 QV_INLINE_COUNT int WeightSum(Mask squares, const std::array<Mask, 3>& weight) {

@@ -227,9 +227,7 @@ TEST(EvaluateEquivalence, GeneralFormFollowsEveryChangeOfRulesAndTables) {
 TEST(EvaluateEquivalence, GeneralFormKeepsNothingAcrossOtherWeights) {
   std::mt19937 rnd(5);
   auto g = testing::NewTestGame(3);
-  RuleRecord rules = testing::FastRuleSet(3);
-  rules.KingCapMove = 1;
-  testing::ApplyRules(*g, rules);
+  testing::ApplyRules(*g, testing::GeneralLongKingRules());
   for (int position = 0; position < 40; ++position) {
     Scramble(*g, rnd);
     g->Ply = 0;

@@ -59,6 +59,15 @@ inline RuleRecord FastRuleSet(int flavour) {
   return r;
 }
 
+// Flying kings with majority capture and kings that must capture on: one
+// rule more than the Brazilian-type fast rule set, so only the general
+// search plays it.
+inline RuleRecord GeneralLongKingRules() {
+  RuleRecord r = FastRuleSet(3);
+  r.KingCapMove = 1;
+  return r;
+}
+
 // Empties the board and places pieces given as ("C3", value); side to move.
 inline void SetPosition(Game& g, std::initializer_list<std::pair<const char*, int>> pieces, int sideToMove) {
   for (int cell = 21; cell <= 98; ++cell)

@@ -26,9 +26,9 @@ struct Pin {
 
 RuleRecord PinnedRules(int which) {
   if (which <= 4) return testing::FastRuleSet(which);
-  RuleRecord r = testing::FastRuleSet(which == 5 ? 3 : 1);
-  if (which == 5) r.KingCapMove = 1;  // flying kings that the general search plays
-  else r.DirText[0] = r.DirText[1] = "NW;NE NW;NE;SE;SW";  // men capture backwards
+  if (which == 5) return testing::GeneralLongKingRules();
+  RuleRecord r = testing::FastRuleSet(1);
+  r.DirText[0] = r.DirText[1] = "NW;NE NW;NE;SE;SW";  // men capture backwards
   return r;
 }
 
